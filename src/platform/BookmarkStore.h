@@ -1,0 +1,31 @@
+#pragma once
+
+#include "platform/Error.h"
+#include "platform/FileURL.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace kest {
+
+/// Turns folders into opaque bytes that outlast a move or a new name, and back.
+class BookmarkStore
+{
+public:
+    virtual ~BookmarkStore() = default;
+
+    /// Bytes that `resolveBookmarkData` can find the folder by, or nothing when
+    /// there is no such folder.
+    virtual std::optional<QByteArray> bookmarkData(const FolderURL &folder, Error *error) = 0;
+
+    struct Resolved {
+        FolderURL folder;
+        bool isStale = false; ///< Found, but the bookmark should be made again.
+    };
+
+    /// The folder's present location, or nothing when it cannot be found.
+    virtual std::optional<Resolved> resolveBookmarkData(const QByteArray &data, Error *error) = 0;
+};
+
+} // namespace kest

@@ -1,0 +1,13 @@
+#include "platform/Error.h"
+
+#include <QtGlobal>
+
+namespace kest {
+
+Error posixError(int errorNumber, const QString &doing)
+{
+    const QString reason = qt_error_string(errorNumber);
+    return {posixErrorDomain, errorNumber, QStringLiteral("%1: %2").arg(doing, reason), reason};
+}
+
+} // namespace kest

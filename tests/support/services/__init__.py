@@ -1,0 +1,1 @@
+"""Private services for tests and the demonstration: each on loopback or a private socket, each ended by process id."""
