@@ -2,6 +2,7 @@
 
 #include "platform/FileURL.h"
 
+#include <QList>
 #include <QObject>
 
 #include <memory>
@@ -103,6 +104,35 @@ public:
     /// served. `error` may be null.
     virtual std::unique_ptr<AudioFileRecorder> create(const FileURL &url, const AudioRecorderSettings &settings,
                                                       struct Error *error) = 0;
+
+    /// Loads in the background what the first recording will need. For an idle
+    /// moment after the first paint; without it, the first recording does it.
+    virtual void preload() { }
+
+    /// Somebody is about to record (the button is pressed down): opens the
+    /// input now, so that a recorder made within the next seconds finds it
+    /// running. Closes it again by itself. Never blocks.
+    virtual void warmUp() { }
+
+    /// Finishes the recordings that a crash or a power cut left unfinished.
+    /// They are looked for where they were, near there, and in `folders`.
+    /// Returns their number when all are done or `milliseconds` are over; what
+    /// is left goes on in the background.
+    virtual int finishInterruptedRecordings(const QList<FolderURL> &folders, int milliseconds)
+    {
+        Q_UNUSED(folders)
+        Q_UNUSED(milliseconds)
+        return 0;
+    }
+
+    /// For the end of the program: waits until every file is finished, also
+    /// those of destroyed recorders. False when `milliseconds` were not enough;
+    /// such a file is playable and is finished at the next start.
+    virtual bool waitForFinished(int milliseconds)
+    {
+        Q_UNUSED(milliseconds)
+        return true;
+    }
 };
 
 } // namespace kest
