@@ -10,4 +10,10 @@ Error posixError(int errorNumber, const QString &doing)
     return {posixErrorDomain, errorNumber, QStringLiteral("%1: %2").arg(doing, reason), reason};
 }
 
+QString logText(const Error &error)
+{
+    return QStringLiteral("Error Domain=%1 Code=%2 \"%3\"")
+        .arg(error.domain, QString::number(error.code), error.description);
+}
+
 } // namespace kest

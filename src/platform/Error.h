@@ -34,4 +34,7 @@ inline void handBack(Error *slot, Error value)
 /// An error made from an errno value, with the system's own words for it.
 Error posixError(int errorNumber, const QString &doing);
 
+/// The error as it stands in logs: domain, code, description.
+QString logText(const Error &error);
+
 } // namespace kest
