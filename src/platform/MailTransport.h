@@ -14,6 +14,11 @@ namespace kest {
 /// One scripting call: a method of an object that the mail application offers,
 /// or the reading ("Get") or writing ("Set") of one of its properties. The
 /// vocabulary is resources/org.kest.Mail1.xml.
+///
+/// Arguments, and the values of a MailReply, are plain: an object path is a
+/// QString, a list of them a QStringList, a structure of texts a QStringList,
+/// a list of structures a QVariantList, an index a quint64. A descriptor is a
+/// MailFile; a list of name and descriptor is a QVariantList of MailFile.
 struct MailCall {
     QString objectPath; ///< "/org/kest/Mail1" or an object under it.
     QString interface;  ///< "org.kest.Mail1.Application", ".Message", ".OutgoingMessage".
@@ -66,6 +71,11 @@ Q_SIGNALS:
     /// A mail application began or ceased to serve the interface.
     void mailApplicationAppeared(const QString &name);
     void mailApplicationVanished();
+
+    /// A call failed for a reason that would fail every other call too: no mail
+    /// application, no add-on in it, halves of different versions, no bus.
+    /// `error` says in words what the person can do.
+    void mailApplicationUnreachable(const kest::Error &error);
 };
 
 } // namespace kest
