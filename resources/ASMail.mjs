@@ -1,0 +1,139 @@
+// How Kest prepares mail. Copy this file to ~/.local/share/kest/ASMail.mjs and change the copy to have it your way; Kest
+// uses the copy only when nobody but you can write to it and to its folder.
+//
+// "kest" offers:
+//   mailApp                    the mail application: accounts, selection, outgoingMessages, features, lastError,
+//                              activate(), classForScriptingClass(name), newMessage(...), reply(...)
+//   displayAlert(text, more)   shows an alert and waits until it is dismissed
+//   log(line)                  writes a line to the system log
+//
+// Nothing that the mail application cannot do raises an exception: the call yields an empty result, and
+// mailApp.lastError says why until the next call succeeds.
+
+import { mailApp, displayAlert } from "kest";
+
+const noAccountChosen = "*none found*";
+
+// Subject, body: texts. Attachments: a list of paths or file URLs, or null. The index counts from the start of the body.
+export function mailNewMessageWithSubject(subject, body, attachments, insertionIndex, accountName) {
+    const account = chosenAccount(accountName);
+    const features = mailApp.features;
+    if (failed())
+        return;
+    if (features.includes("NewMessage")) {
+        mailApp.newMessage(subject, body, account, insertionIndex, attachments ?? []);
+        failed();
+        return;
+    }
+    const message = make("outgoing message", { subject: subject, content: body });
+    mailApp.outgoingMessages.addObject(message);
+    if (failed() || !chooseSender(message, account) || !attach(message, attachments, insertionIndex))
+        return;
+    show(message);
+}
+
+// Answers the last of the selected messages in the mail application's own reply, the text above the quote.
+export function mailReplyAppendingBodyText(bodyText, attachments, withReplyAll, sendingReply, deletingOriginal,
+                                           insertionIndex, accountName) {
+    const account = chosenAccount(accountName);
+    const original = lastSelectedMessage();
+    if (failed() || !original)
+        return;
+    const features = mailApp.features;
+    if (failed())
+        return;
+    if (features.includes("Reply")) {
+        const flags = { replyToAll: withReplyAll, send: sendingReply, deleteOriginal: deletingOriginal };
+        mailApp.reply(original, bodyText, account, flags, insertionIndex, attachments ?? []);
+        failed();
+        return;
+    }
+    const reply = original.replyOpeningWindow(false, withReplyAll);
+    if (failed() || !putAboveQuote(reply, bodyText))
+        return;
+    if (!chooseSender(reply, account) || !attach(reply, attachments, insertionIndex))
+        return;
+    if (sendingReply ? !send(reply) : !show(reply))
+        return;
+    if (deletingOriginal) {
+        original.deleteMessage();
+        failed();
+    }
+}
+
+// Where the answer to the last of the selected messages would go, or null.
+export function mailReplyGetSender() {
+    const original = lastSelectedMessage();
+    const sender = original ? original.replyTo : "";
+    return sender ? sender : null;
+}
+
+// The names of the accounts, or null when there is none.
+export function retrieveEmailAccounts() {
+    const names = mailApp.accounts.map(account => account.name);
+    return names.length > 0 ? names : null;
+}
+
+// Shows the error of the last call, if it failed.
+function failed() {
+    const error = mailApp.lastError;
+    if (!error)
+        return false;
+    displayAlert(error.description, error.failureReason);
+    return true;
+}
+
+function make(className, properties) {
+    return mailApp.classForScriptingClass(className).initWithProperties(properties);
+}
+
+function chosenAccount(accountName) {
+    return accountName === noAccountChosen ? "" : accountName;
+}
+
+function lastSelectedMessage() {
+    const messages = mailApp.selection;
+    return messages[messages.length - 1];
+}
+
+// Writes from the account's identity. An account that is not there any more leaves the mail application's default.
+function chooseSender(message, accountName) {
+    if (!accountName)
+        return true;
+    const account = mailApp.accounts.find(each => each.name === accountName);
+    if (failed())
+        return false;
+    if (account)
+        message.sender = account.sender;
+    return !failed();
+}
+
+function putAboveQuote(reply, bodyText) {
+    const quote = reply.content.get();
+    if (failed())
+        return false;
+    reply.setContent(bodyText + quote);
+    return !failed();
+}
+
+function attach(message, attachments, insertionIndex) {
+    for (const file of attachments ?? []) {
+        message.content.characters.insertObject(make("attachment", { fileName: file }), insertionIndex);
+        if (failed())
+            return false;
+    }
+    return true;
+}
+
+function send(message) {
+    message.send();
+    return !failed();
+}
+
+function show(message) {
+    message.visible = true;
+    if (failed())
+        return false;
+    mailApp.activate();
+    return !failed();
+}

@@ -1,0 +1,142 @@
+#include "mail/ASMail.h"
+
+#include "mail/ASMailHost.h"
+
+#include <QCoreApplication>
+#include <QJSEngine>
+#include <QLoggingCategory>
+#include <QStandardPaths>
+#include <QTimer>
+
+#include <chrono>
+
+namespace kest {
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+Q_LOGGING_CATEGORY(mailScript, "kest.mail.script")
+
+namespace {
+
+// After the first paint of the window.
+constexpr auto idleDelay = 400ms;
+
+QString &scriptOfAll()
+{
+    static QString path;
+    return path;
+}
+
+QJSValue numberObject(QJSEngine &engine, quint64 number)
+{
+    return engine.toScriptValue(static_cast<double>(number));
+}
+
+} // namespace
+
+void ASMail::loadScriptObjects()
+{
+    scriptOfAll() = mailScriptPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+}
+
+ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, QObject *parent)
+    : ASMail(transport, alertPresenter, scriptOfAll(), parent)
+{
+}
+
+ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent)
+    : QObject(parent)
+    , m_alertPresenter(alertPresenter)
+    , m_mailApp(transport)
+    , m_script(script)
+{
+    QTimer::singleShot(idleDelay, this, &ASMail::prepare);
+}
+
+ASMail::~ASMail() = default;
+
+void ASMail::prepare()
+{
+    if (m_engine)
+        return;
+    if (m_script.isEmpty())
+        m_script = mailScriptPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    m_engine = std::make_unique<QJSEngine>();
+    auto *host = new ASMailHost(m_alertPresenter, m_engine.get());
+    QJSEngine::setObjectOwnership(&m_mailApp, QJSEngine::CppOwnership);
+    QJSEngine::setObjectOwnership(host, QJSEngine::CppOwnership);
+    const QJSValue hostObject = m_engine->newQObject(host);
+    QJSValue exports = m_engine->newObject();
+    exports.setProperty(u"mailApp"_s, m_engine->newQObject(&m_mailApp));
+    exports.setProperty(u"displayAlert"_s, hostObject.property(u"displayAlert"_s));
+    exports.setProperty(u"log"_s, hostObject.property(u"log"_s));
+    m_engine->registerModule(u"kest"_s, exports);
+    m_module = m_engine->importModule(m_script);
+}
+
+void ASMail::mailNewMessageWithSubject(const QString &subject, const QString &withBody,
+                                       const std::optional<QVariantList> &withAttachments, quint64 insertionIndex,
+                                       const QString &accountName)
+{
+    prepare();
+    run(u"mailNewMessageWithSubject"_s,
+        {subject, withBody, arrayOrNull(withAttachments), numberObject(*m_engine, insertionIndex), accountName});
+}
+
+void ASMail::mailReplyAppendingBodyText(const QString &bodyText, const std::optional<QVariantList> &withAttachments,
+                                        const Flags &flags, quint64 insertionIndex, const QString &accountName)
+{
+    prepare();
+    run(u"mailReplyAppendingBodyText"_s,
+        {bodyText, arrayOrNull(withAttachments), flags.withReplyAll, flags.sendingReply, flags.deletingOriginal,
+         numberObject(*m_engine, insertionIndex), accountName});
+}
+
+QString ASMail::mailReplyGetSender()
+{
+    const QJSValue sender = run(u"mailReplyGetSender"_s, {});
+    return sender.isString() ? sender.toString() : QString();
+}
+
+std::optional<QStringList> ASMail::retrieveEmailAccounts()
+{
+    const QJSValue names = run(u"retrieveEmailAccounts"_s, {});
+    if (!names.isArray())
+        return std::nullopt;
+    const QStringList list = names.toVariant().toStringList();
+    return list.isEmpty() ? std::nullopt : std::optional(list);
+}
+
+QJSValue ASMail::run(const QString &operation, const QJSValueList &arguments)
+{
+    prepare();
+    if (m_module.isError()) {
+        tell(QCoreApplication::translate("kest", "The mail script could not be loaded."), m_module);
+        return {};
+    }
+    const QJSValue function = m_module.property(operation);
+    if (!function.isCallable()) {
+        tell(QCoreApplication::translate("kest", "The mail script lacks the operation %1.").arg(operation), {});
+        return {};
+    }
+    const QJSValue result = function.call(arguments);
+    if (!result.isError())
+        return result;
+    tell(QCoreApplication::translate("kest", "The mail script failed."), result);
+    return {};
+}
+
+QJSValue ASMail::arrayOrNull(const std::optional<QVariantList> &list)
+{
+    return list ? m_engine->toScriptValue(*list) : QJSValue(QJSValue::NullValue);
+}
+
+void ASMail::tell(const QString &words, const QJSValue &exception)
+{
+    const QString reason = exception.isError() ? exception.toString() : QString();
+    qCWarning(mailScript).noquote() << words << reason << "line" << exception.property(u"lineNumber"_s).toInt();
+    m_alertPresenter.runModal({words, reason, {QCoreApplication::translate("kest", "OK")}, AlertContent::Style::Warning});
+}
+
+} // namespace kest

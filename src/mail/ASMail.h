@@ -1,0 +1,89 @@
+#pragma once
+
+#include "mail/MailApplication.h"
+#include "platform/AlertPresenter.h"
+
+#include <QJSValue>
+#include <QObject>
+#include <QStringList>
+#include <QVariantList>
+
+#include <memory>
+#include <optional>
+
+class QJSEngine;
+
+namespace kest {
+
+/// The script-backed mail back end: four operations that a script carries out
+/// against the same scripting objects that MailController uses.
+///
+/// The script is `ASMail.mjs`, an ECMAScript module that exports the four
+/// operations by these names. The system's own is a resource; a person's own
+/// copy at XDG_DATA_HOME/kest/ASMail.mjs wins when nobody else can write to it.
+/// The script shows its own alerts; what it throws is logged and shown in
+/// words, and the operation then yields its empty result.
+///
+/// Main thread. The transport and the presenter outlive it.
+class ASMail : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Finds the script that all objects made later will use. Called once at
+    /// program entry; cheap, because no script runs yet.
+    static void loadScriptObjects();
+
+    /// The script runs at the first operation, or when the event loop has been
+    /// idle a while.
+    ASMail(MailTransport &transport, AlertPresenter &alertPresenter, QObject *parent = nullptr);
+
+    /// As above, with the script in the file `script`.
+    ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent = nullptr);
+    ~ASMail() override;
+
+    /// Attachments are path texts (as FileURL::path() gives them) or FileURLs;
+    /// nothing means that there is no list. `insertionIndex` counts UTF-16 code
+    /// units. `accountName` may be "*none found*": the default account.
+    void mailNewMessageWithSubject(const QString &subject, const QString &withBody,
+                                   const std::optional<QVariantList> &withAttachments, quint64 insertionIndex,
+                                   const QString &accountName);
+
+    struct Flags {
+        bool withReplyAll = false;
+        bool sendingReply = false;
+        bool deletingOriginal = false;
+    };
+
+    /// Answers the last message of the selection.
+    void mailReplyAppendingBodyText(const QString &bodyText, const std::optional<QVariantList> &withAttachments,
+                                    const Flags &flags, quint64 insertionIndex, const QString &accountName);
+
+    /// Where an answer to the last message of the selection would go, usually
+    /// "Name <address>"; a null text when there is none.
+    QString mailReplyGetSender();
+
+    /// The names of the accounts, or nothing when there is none.
+    std::optional<QStringList> retrieveEmailAccounts();
+
+    /// Makes the script ready now rather than at the first operation.
+    void prepare();
+
+private:
+    QJSValue run(const QString &operation, const QJSValueList &arguments);
+    QJSValue arrayOrNull(const std::optional<QVariantList> &list);
+    void tell(const QString &words, const QJSValue &exception);
+
+    AlertPresenter &m_alertPresenter;
+    MailApplication m_mailApp;
+    QString m_script;
+    std::unique_ptr<QJSEngine> m_engine;
+    QJSValue m_module;
+};
+
+/// The script that ASMail uses: the person's own copy in `dataHome`/kest when
+/// it is a regular file that only the person (or root) can change, else the
+/// resource.
+QString mailScriptPath(const QString &dataHome);
+
+} // namespace kest
