@@ -1,0 +1,205 @@
+#include "platform/linux/mail/DBusMailTransport.h"
+
+#include "platform/linux/mail/DefaultMailApplication.h"
+#include "platform/linux/mail/MailErrors.h"
+#include "platform/linux/mail/MailFileDescriptor.h"
+#include "platform/linux/mail/MailSignatures.h"
+
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QScopeGuard>
+#include <QTimer>
+
+namespace kest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr uint protocolVersion = 1;
+
+const QString applicationPath = QStringLiteral("/org/kest/Mail1");
+const QString applicationInterface = QStringLiteral("org.kest.Mail1.Application");
+
+QDBusMessage busMessage(const QString &service, const MailCall &call, const QVariantList &arguments)
+{
+    const QString properties = u"org.freedesktop.DBus.Properties"_s;
+    QDBusMessage message;
+    switch (call.kind) {
+    case MailCall::Kind::Method:
+        message = QDBusMessage::createMethodCall(service, call.objectPath, call.interface, call.member);
+        message.setArguments(arguments);
+        break;
+    case MailCall::Kind::ReadProperty:
+        message = QDBusMessage::createMethodCall(service, call.objectPath, properties, u"Get"_s);
+        message.setArguments({call.interface, call.member});
+        break;
+    case MailCall::Kind::WriteProperty:
+        message = QDBusMessage::createMethodCall(service, call.objectPath, properties, u"Set"_s);
+        message.setArguments({call.interface, call.member, QVariant::fromValue(QDBusVariant(arguments.first()))});
+        break;
+    }
+    message.setAutoStartService(false);
+    return message;
+}
+
+} // namespace
+
+DBusMailTransport::DBusMailTransport(QObject *parent)
+    : DBusMailTransport(Limits(), parent)
+{
+}
+
+DBusMailTransport::DBusMailTransport(const Limits &limits, QObject *parent)
+    : MailTransport(parent)
+    , m_limits(limits)
+{
+    registerNamedDescriptor();
+    connect(&m_services, &MailServices::changed, this, [this] { m_checkedService.clear(); });
+    connect(&m_services, &MailServices::appeared, this, &MailTransport::mailApplicationAppeared);
+    connect(&m_services, &MailServices::vanished, this, &MailTransport::mailApplicationVanished);
+    connect(&m_services, &MailServices::focusGained, this, &MailTransport::mailApplicationFocusGained);
+    connect(&m_services, &MailServices::focusLost, this, &MailTransport::mailApplicationFocusLost);
+    connect(&m_services, &MailServices::handOverProgressed, this, &MailTransport::handOverProgressed);
+    QTimer::singleShot(0, this, &DBusMailTransport::watch);
+}
+
+void DBusMailTransport::watch()
+{
+    m_services.connectToBus();
+}
+
+MailReply DBusMailTransport::call(const MailCall &call)
+{
+    if (m_isBusy)
+        return {{}, mailError(MailErrorCode::Busy)};
+    setBusy(true);
+    const auto idle = qScopeGuard([this] { setBusy(false); });
+    const MailReply reply = carryOut(call);
+    if (reply.error && concernsAllCalls(*reply.error))
+        Q_EMIT mailApplicationUnreachable(*reply.error);
+    return reply;
+}
+
+MailReply DBusMailTransport::carryOut(const MailCall &call)
+{
+    const MailSignature *signature = mailSignature(call);
+    if (!signature)
+        return {{}, mailError(MailErrorCode::Unsupported)};
+    Error error;
+    const auto arguments = busArguments(*signature, call, &error);
+    if (!arguments)
+        return {{}, error};
+    const auto service = reachedService(&error);
+    if (!service)
+        return {{}, error};
+    const auto answer = answerTo(busMessage(*service, call, *arguments), &error);
+    if (!answer)
+        return {{}, error};
+    if (call.kind == MailCall::Kind::WriteProperty)
+        return {};
+    const auto values = plainValues(*signature, *answer);
+    return values ? MailReply{*values, {}} : MailReply{{}, mailError(MailErrorCode::Malformed)};
+}
+
+std::optional<QString> DBusMailTransport::reachedService(Error *error)
+{
+    if (!m_services.connectToBus()) {
+        handBack(error, mailError(MailErrorCode::NoBus));
+        return std::nullopt;
+    }
+    if (!waitForNames(error) || (m_services.preferred().isEmpty() && !startMailApplication(error)))
+        return std::nullopt;
+    const QString service = m_services.preferred();
+    return checkVersion(service, error) ? std::optional(service) : std::nullopt;
+}
+
+bool DBusMailTransport::waitForNames(Error *error)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    while (!m_services.isReady()) {
+        QEventLoop loop;
+        bool moved = false;
+        connect(&m_services, &MailServices::changed, &loop, [&] { moved = true, loop.quit(); });
+        QTimer::singleShot(m_limits.start, &loop, &QEventLoop::quit);
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+        if (!moved) {
+            const bool waited = elapsed.hasExpired(m_limits.start.count());
+            handBack(error, mailError(waited ? MailErrorCode::NoBus : MailErrorCode::Ending));
+            return false;
+        }
+    }
+    return true;
+}
+
+bool DBusMailTransport::startMailApplication(Error *error)
+{
+    const auto application = defaultMailApplication();
+    if (!application || !startDetached(*application)) {
+        handBack(error, mailError(MailErrorCode::NoApplication, application ? application->name : QString()));
+        return false;
+    }
+    if (waitForService(m_startCameToNothing ? m_limits.startAgain : m_limits.start)) {
+        m_startCameToNothing = false;
+        return true;
+    }
+    m_startCameToNothing = true;
+    handBack(error, mailError(MailErrorCode::NoAddOn, application->name));
+    return false;
+}
+
+bool DBusMailTransport::waitForService(std::chrono::milliseconds limit)
+{
+    QEventLoop loop;
+    connect(&m_services, &MailServices::appeared, &loop, &QEventLoop::quit);
+    QTimer::singleShot(limit, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    return !m_services.preferred().isEmpty();
+}
+
+bool DBusMailTransport::checkVersion(const QString &service, Error *error)
+{
+    if (service == m_checkedService)
+        return true;
+    const MailCall reading{applicationPath, applicationInterface, u"ProtocolVersion"_s, MailCall::Kind::ReadProperty, {}};
+    const auto answer = answerTo(busMessage(service, reading, {}), error);
+    if (!answer)
+        return false;
+    const auto values = plainValues(*mailSignature(reading), *answer);
+    if (!values || values->first().toUInt() != protocolVersion) {
+        handBack(error, mailError(MailErrorCode::Mismatch));
+        return false;
+    }
+    m_checkedService = service;
+    return true;
+}
+
+std::optional<QDBusMessage> DBusMailTransport::answerTo(const QDBusMessage &message, Error *error)
+{
+    QElapsedTimer elapsed;
+    elapsed.start();
+    QDBusPendingCallWatcher watcher(m_services.bus().asyncCall(message, static_cast<int>(m_limits.answer.count())));
+    QEventLoop loop;
+    connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    if (!watcher.isFinished()) {
+        handBack(error, mailError(MailErrorCode::Ending));
+        return std::nullopt;
+    }
+    if (watcher.isError()) {
+        handBack(error, mailError(watcher.error(), elapsed.hasExpired(m_limits.answer.count())));
+        return std::nullopt;
+    }
+    return watcher.reply();
+}
+
+void DBusMailTransport::setBusy(bool busy)
+{
+    m_isBusy = busy;
+    Q_EMIT busyChanged(busy);
+}
+
+} // namespace kest

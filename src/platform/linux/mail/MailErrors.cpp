@@ -1,0 +1,118 @@
+#include "platform/linux/mail/MailErrors.h"
+
+#include <QCoreApplication>
+
+namespace kest {
+
+namespace {
+
+QString localized(const char *text)
+{
+    return QCoreApplication::translate("kest", text);
+}
+
+QString sentence(MailErrorCode code)
+{
+    switch (code) {
+    case MailErrorCode::NoSuchObject:
+        return localized("The message is no longer there.");
+    case MailErrorCode::InvalidArgument:
+        return localized("The mail application did not understand the request.");
+    case MailErrorCode::NotConnected:
+        return localized("Kest's add-on in the mail application does not answer. Check that it is installed and "
+                         "switched on, and try again.");
+    case MailErrorCode::Mismatch:
+        return localized("Kest and its add-on in the mail application are of different versions. Install the add-on "
+                         "that belongs to this version of Kest, and try again.");
+    case MailErrorCode::TimedOut:
+        return localized("The mail application did not answer in time.");
+    case MailErrorCode::Unsupported:
+        return localized("The mail application cannot do this.");
+    case MailErrorCode::Failed:
+        return localized("The mail application could not do this.");
+    case MailErrorCode::Busy:
+        return localized("The mail application is still busy with the last request.");
+    case MailErrorCode::NoBus:
+        return localized("Kest cannot reach the mail application, because there is no session bus.");
+    case MailErrorCode::NoApplication:
+        return localized("No mail application could be started. Install Thunderbird and Kest's add-on for it, and try "
+                         "again.");
+    case MailErrorCode::NoAddOn:
+        return localized("The mail application does not answer Kest. Install Kest's add-on in it, and try again.");
+    case MailErrorCode::Vanished:
+        return localized("The mail application went away before it was done.");
+    case MailErrorCode::Malformed:
+        return localized("The mail application's answer makes no sense to Kest.");
+    case MailErrorCode::Ending:
+        return localized("Kest is ending.");
+    }
+    return {};
+}
+
+MailErrorCode codeNamed(const QString &name)
+{
+    static const std::pair<const char *, MailErrorCode> names[] = {
+        {"NoSuchObject", MailErrorCode::NoSuchObject}, {"InvalidArgument", MailErrorCode::InvalidArgument},
+        {"NotConnected", MailErrorCode::NotConnected}, {"Mismatch", MailErrorCode::Mismatch},
+        {"TimedOut", MailErrorCode::TimedOut},         {"Unsupported", MailErrorCode::Unsupported},
+    };
+    for (const auto &[each, code] : names) {
+        if (name == mailErrorDomain + u'.' + QLatin1String(each))
+            return code;
+    }
+    return MailErrorCode::Failed;
+}
+
+} // namespace
+
+Error mailError(MailErrorCode code, const QString &reason)
+{
+    return {mailErrorDomain, static_cast<int>(code), sentence(code), reason};
+}
+
+Error mailError(const QDBusError &error, bool timedOut)
+{
+    switch (error.type()) {
+    case QDBusError::NoReply:
+    case QDBusError::Timeout:
+    case QDBusError::TimedOut:
+        return mailError(timedOut ? MailErrorCode::TimedOut : MailErrorCode::Vanished);
+    case QDBusError::ServiceUnknown:
+    case QDBusError::Disconnected:
+        return mailError(MailErrorCode::Vanished);
+    case QDBusError::UnknownObject:
+        return mailError(MailErrorCode::NoSuchObject);
+    case QDBusError::UnknownMethod:
+    case QDBusError::UnknownInterface:
+    case QDBusError::UnknownProperty:
+        return mailError(MailErrorCode::Unsupported, error.message());
+    default:
+        break;
+    }
+    const MailErrorCode code = codeNamed(error.name());
+    // The mail application's own words say more than ours.
+    if (code == MailErrorCode::Failed && !error.message().isEmpty())
+        return {mailErrorDomain, static_cast<int>(code), error.message(), {}};
+    return mailError(code, error.message());
+}
+
+bool concernsAllCalls(const Error &error)
+{
+    if (error.domain != mailErrorDomain)
+        return false;
+    switch (static_cast<MailErrorCode>(error.code)) {
+    case MailErrorCode::NotConnected:
+    case MailErrorCode::Mismatch:
+    case MailErrorCode::TimedOut:
+    case MailErrorCode::NoBus:
+    case MailErrorCode::NoApplication:
+    case MailErrorCode::NoAddOn:
+    case MailErrorCode::Vanished:
+    case MailErrorCode::Malformed:
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace kest

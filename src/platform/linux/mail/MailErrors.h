@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Error.h"
+
+#include <QDBusError>
+
+namespace kest {
+
+/// Domain of errors of the scripting interface.
+inline const QString mailErrorDomain = QStringLiteral("org.kest.Mail1.Error");
+
+enum class MailErrorCode {
+    NoSuchObject = 1,
+    InvalidArgument,
+    NotConnected,
+    Mismatch,
+    TimedOut,
+    Unsupported,
+    Failed,
+    Busy,           ///< Another call is under way.
+    NoBus,          ///< No session bus.
+    NoApplication,  ///< No mail application is installed, or it did not start.
+    NoAddOn,        ///< One was started, but does not offer the interface.
+    Vanished,       ///< It went away before it answered.
+    Malformed,      ///< The answer is not what the interface says.
+    Ending,         ///< This program is ending.
+};
+
+/// An error with the sentence for its code. `reason` is the failure's own
+/// words, and may be empty.
+Error mailError(MailErrorCode code, const QString &reason = {});
+
+/// What an error answer means. `timedOut` tells a time limit that passed from
+/// an application that went away.
+Error mailError(const QDBusError &error, bool timedOut);
+
+/// True when every other call would fail in the same way.
+bool concernsAllCalls(const Error &error);
+
+} // namespace kest
