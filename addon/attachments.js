@@ -1,0 +1,68 @@
+/** Files on their way in, and the order of attachments in a message. */
+
+import { MailError } from "./errors.js";
+
+// Tools disagree on these; the registered names are RFC 4337 and RFC 2046.
+const TYPES = { m4a: "audio/mp4", mp4: "video/mp4", txt: "text/plain" };
+
+const arriving = new Map();
+
+function extension(name) {
+  return /\.([A-Za-z0-9]{1,8})$/.exec(name)?.[1] ?? "";
+}
+
+/** One piece of a file that the host reads out. */
+export function takeChunk({ chunk, data, last }) {
+  const file = arriving.get(chunk) ?? { parts: [], complete: false };
+  arriving.set(chunk, file);
+  file.parts.push(new Blob([Uint8Array.fromBase64(data)]));
+  file.complete = Boolean(last);
+}
+
+/** The host gave a file up. */
+export function dropFile(id) {
+  arriving.delete(id);
+}
+
+export function dropAllFiles() {
+  arriving.clear();
+}
+
+function checkName(name) {
+  const bytes = new TextEncoder().encode(name).length;
+  if (!name || name === "." || name === ".." || /[/\0]/.test(name) || bytes > 255) {
+    throw new MailError("InvalidArgument", `“${name}” cannot be the name of an attachment.`);
+  }
+}
+
+/**
+ * The attachment for a file that has arrived. Thunderbird keeps a copy in a
+ * temporary file named after `file`, which must stay short and plain; the name
+ * that people see is `name`.
+ */
+export function attachment(name, reference) {
+  checkName(name);
+  const arrived = arriving.get(reference?.file);
+  arriving.delete(reference?.file);
+  if (!arrived?.complete) {
+    throw new MailError("Failed", `“${name}” did not arrive whole.`);
+  }
+  const suffix = extension(name);
+  const type = TYPES[suffix.toLowerCase()] ?? "";
+  return { name, file: new File(arrived.parts, suffix ? `attachment.${suffix}` : "attachment", { type }), offset: 0 };
+}
+
+/**
+ * Inserts at an offset of the content. An attachment takes one place there, so
+ * one that is inserted at the offset of another lands in front of it.
+ */
+export function insertAt(list, added, offset) {
+  for (const present of list) {
+    if (present.offset >= offset) {
+      present.offset += 1;
+    }
+  }
+  added.offset = offset;
+  list.push(added);
+  list.sort((one, other) => one.offset - other.offset);
+}

@@ -1,0 +1,47 @@
+/** Starts with Thunderbird and answers the host for as long as it runs. */
+
+import { dropAllFiles, dropFile, takeChunk } from "./attachments.js";
+import { Connection } from "./connection.js";
+import { describe } from "./errors.js";
+import * as outgoing from "./outgoing.js";
+import { carryOut } from "./vocabulary.js";
+import * as windows from "./windows.js";
+
+async function hello() {
+  const { name, version } = await messenger.runtime.getBrowserInfo();
+  return { version: messenger.runtime.getManifest().version, name, applicationVersion: version };
+}
+
+async function answer(call) {
+  try {
+    connection.send({ answer: call.call, result: (await carryOut(call)) ?? null });
+  } catch (error) {
+    connection.send({ answer: call.call, error: describe(error) });
+  }
+}
+
+function received(message) {
+  if (message.chunk !== undefined) {
+    takeChunk(message);
+    connection.send({ taken: message.chunk });
+  } else if (message.drop !== undefined) {
+    dropFile(message.drop);
+  } else if (message.call !== undefined) {
+    answer(message);
+  }
+}
+
+const connection = new Connection({
+  hello,
+  message: received,
+  opened: () => windows.announceFocus(focused => connection.send({ focused })),
+  closed: dropAllFiles,
+});
+
+// Listeners must be there before the first turn of the event loop ends. The one for the start is what makes
+// Thunderbird run this page without waiting for another event.
+messenger.runtime.onStartup.addListener(() => connection.open());
+messenger.runtime.onInstalled.addListener(() => connection.open());
+windows.listen();
+outgoing.listen();
+connection.open();

@@ -1,0 +1,128 @@
+/** The compose window: opening it for a message, its text, closing it. */
+
+import { formatMailbox } from "./addresses.js";
+import { asHtml, findSignature, insertAtBodyStart, replaceBody, withoutSignature } from "./text.js";
+import { shown } from "./windows.js";
+
+export function recipientList(mailboxes) {
+  return mailboxes.map(box => formatMailbox(box.name, box.address));
+}
+
+/** The signature's text in a compose window's document, with its line "-- "; empty without one. */
+function signatureIn(html) {
+  const element = new DOMParser().parseFromString(html, "text/html").querySelector(".moz-signature");
+  element?.querySelectorAll("br").forEach(line => line.replaceWith("\n"));
+  return element?.textContent ?? "";
+}
+
+function signatureElement(html) {
+  return new DOMParser().parseFromString(html, "text/html").querySelector(".moz-signature")?.outerHTML ?? "";
+}
+
+function signatureText(message, details) {
+  return signatureIn(details.body) || message.plainSignature;
+}
+
+export async function details(message) {
+  return messenger.compose.getComposeDetails(message.tabId);
+}
+
+/** The text of a compose window without its signature. */
+export async function contentOf(message) {
+  const now = await details(message);
+  return withoutSignature(now.plainTextBody, signatureText(message, now));
+}
+
+async function writePlain(message, text, signature) {
+  message.plainSignature = signature;
+  await messenger.compose.setComposeDetails(message.tabId, { plainTextBody: text });
+}
+
+/** Replaces everything but the signature. */
+export async function writeContent(message, content) {
+  const now = await details(message);
+  const signature = signatureText(message, now);
+  if (now.isPlainText) {
+    const start = findSignature(now.plainTextBody, signature);
+    const kept = start < 0 ? "" : now.plainTextBody.slice(start);
+    return writePlain(message, kept ? `${content}\n\n${kept}` : content, signature);
+  }
+  const kept = signatureElement(now.body);
+  const body = replaceBody(now.body, asHtml(content) + (kept && `<br><br>${kept}`));
+  return messenger.compose.setComposeDetails(message.tabId, { body });
+}
+
+/** Puts text above all that is there: the quote and the signature stay. */
+export async function writeAbove(message, content) {
+  const now = await details(message);
+  if (now.isPlainText) {
+    return writePlain(message, content + now.plainTextBody, signatureText(message, now));
+  }
+  const body = insertAtBodyStart(now.body, asHtml(content));
+  return messenger.compose.setComposeDetails(message.tabId, { body });
+}
+
+/** Takes a window that Thunderbird has opened as the message's own. */
+export function adopt(message, tab) {
+  message.tabId = tab.id;
+  message.windowId = tab.windowId;
+  shown(tab.windowId);
+}
+
+async function begin(message) {
+  const fields = { subject: message.subject };
+  for (const kind of ["to", "cc", "bcc"]) {
+    fields[kind] = recipientList(message[kind]);
+  }
+  if (message.identityId) {
+    fields.identityId = message.identityId;
+  }
+  if (message.answers) {
+    const type = message.answers.all ? "replyToAll" : "replyToSender";
+    return messenger.compose.beginReply(message.answers.id, type, fields);
+  }
+  return messenger.compose.beginNew(fields);
+}
+
+/** Adds to the window's list at the place that the message's own list says. */
+export async function attach(message, added) {
+  const following = message.attachments.slice(message.attachments.indexOf(added) + 1);
+  const place = async item => {
+    const made = await messenger.compose.addAttachment(message.tabId, item);
+    return made.id;
+  };
+  added.id = await place({ file: added.file, name: added.name });
+  delete added.file;
+  for (const later of following) {
+    const moved = await place({ id: later.id });
+    await messenger.compose.removeAttachment(message.tabId, later.id);
+    later.id = moved;
+  }
+}
+
+/** Opens the window of a message that was hidden until now, with all that it holds. */
+export async function open(message) {
+  adopt(message, await begin(message));
+  await writeContent(message, message.content);
+  for (const added of message.attachments) {
+    const made = await messenger.compose.addAttachment(message.tabId, { file: added.file, name: added.name });
+    added.id = made.id;
+    delete added.file;
+  }
+}
+
+/** Closes a compose window without a question. */
+export async function close(tabId) {
+  await messenger.compose.setComposeDetails(tabId, { isModified: false });
+  await messenger.tabs.remove(tabId);
+}
+
+/** Changes who writes; Thunderbird then puts that identity's signature in the place of the present one. */
+export async function changeIdentity(message, identityId) {
+  if (message.plainSignature) {
+    const now = await details(message);
+    const signature = message.plainSignature;
+    await writePlain(message, withoutSignature(now.plainTextBody, signature), "");
+  }
+  await messenger.compose.setComposeDetails(message.tabId, { identityId });
+}

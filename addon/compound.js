@@ -1,0 +1,49 @@
+/** Whole tasks in one call. */
+
+import { attachment, insertAt } from "./attachments.js";
+import * as composing from "./composing.js";
+import { accountNamed } from "./identities.js";
+import * as outgoing from "./outgoing.js";
+import { NO_OBJECT } from "./paths.js";
+import { deleteMessage, findMessage, openReply } from "./replying.js";
+import { send } from "./sending.js";
+import { raise } from "./windows.js";
+
+/** Application.NewMessage */
+export async function newMessage({ subject, content, account, index, attachments }) {
+  const chosen = await accountNamed(account);
+  const message = outgoing.make({ subject, content, identityId: chosen?.identities[0].id ?? null });
+  try {
+    for (const [name, file] of attachments) {
+      insertAt(message.attachments, attachment(name, file), index);
+    }
+  } catch (error) {
+    outgoing.forget(message);
+    throw error;
+  }
+  await outgoing.inTurn(message, async () => {
+    await composing.open(message);
+    await raise(message.windowId);
+  });
+  return outgoing.path(message);
+}
+
+/** Application.Reply */
+export async function replyInOne({ original, content, account, replyToAll, send: sendNow, deleteOriginal, index,
+  attachments }) {
+  const message = await findMessage(original);
+  const files = attachments.map(([name, file]) => attachment(name, file));
+  const reply = await openReply(message, replyToAll, await accountNamed(account));
+  return outgoing.inTurn(reply, async () => {
+    await composing.writeAbove(reply, content);
+    for (const file of files) {
+      insertAt(reply.attachments, file, index);
+      await composing.attach(reply, file);
+    }
+    await (sendNow ? send(reply) : raise(reply.windowId));
+    if (deleteOriginal) {
+      await deleteMessage(message);
+    }
+    return sendNow ? NO_OBJECT : outgoing.path(reply);
+  });
+}

@@ -1,0 +1,85 @@
+/** The line to the native host: one port, held for as long as Thunderbird runs. */
+
+const HOST = "org.kest.mailhost";
+export const PROTOCOL = 1;
+
+const FIRST_RETRY_MS = 500;
+const LAST_RETRY_MS = 8000;
+const SILENT_TRIES = 3;
+const STEADY_MS = 10000;
+
+/**
+ * Connects, says hello and hands every message on. A host that has spoken and
+ * died is started again, after a growing pause; one that never speaks is tried
+ * a few times and then left alone until Thunderbird wakes the add-on again.
+ */
+export class Connection {
+  #port = null;
+  #pieces = [];
+  #failures = 0;
+  #spoke = false;
+  #since = 0;
+  #retry = null;
+
+  constructor({ hello, message, opened, closed }) {
+    this.on = { hello, message, opened, closed };
+  }
+
+  open() {
+    if (this.#port || this.#retry) {
+      return;
+    }
+    this.#spoke = false;
+    this.#since = Date.now();
+    this.#port = messenger.runtime.connectNative(HOST);
+    const port = this.#port;
+    port.onMessage.addListener(message => this.#received(message));
+    port.onDisconnect.addListener(() => this.#disconnected(port));
+    this.on.hello().then(hello => this.send({ hello: { protocol: PROTOCOL, ...hello } }));
+  }
+
+  send(message) {
+    this.#port?.postMessage(message);
+  }
+
+  #received(message) {
+    if (message.hello) {
+      this.#spoke = true;
+      this.on.opened(message.hello);
+    } else if (message.piece !== undefined) {
+      this.#takePiece(message);
+    } else {
+      this.on.message(message);
+    }
+  }
+
+  /** Long messages come in base64 pieces, because the browser passes at most one mebibyte at once. */
+  #takePiece({ piece, last }) {
+    this.#pieces.push(Uint8Array.fromBase64(piece));
+    if (last) {
+      const whole = new Blob(this.#pieces);
+      this.#pieces = [];
+      whole.text().then(text => this.on.message(JSON.parse(text)));
+    }
+  }
+
+  #disconnected(port) {
+    if (port !== this.#port) {
+      return;
+    }
+    this.#port = null;
+    this.#pieces = [];
+    this.on.closed();
+    this.#failures = this.#spoke && Date.now() - this.#since > STEADY_MS ? 0 : this.#failures + 1;
+    if (!this.#spoke && this.#failures >= SILENT_TRIES) {
+      console.warn("Kest's mail host does not start; see whether Kest is installed.");
+      this.#failures = 0;
+      return;
+    }
+    const pause = Math.min(FIRST_RETRY_MS * 2 ** Math.max(0, this.#failures - 1), LAST_RETRY_MS);
+    this.#retry = setTimeout(() => {
+      this.#retry = null;
+      this.open();
+    }, pause);
+  }
+}

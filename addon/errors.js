@@ -1,0 +1,18 @@
+/**
+ * A failed call: `name` is the last word of an org.kest.Mail1.Error name, the
+ * message is shown to people as it stands.
+ */
+export class MailError extends Error {
+  constructor(name, message) {
+    super(message);
+    this.name = name;
+  }
+}
+
+/** Turns anything thrown into what travels to the host. */
+export function describe(error) {
+  if (error instanceof MailError) {
+    return { name: error.name, message: error.message };
+  }
+  return { name: "Failed", message: `Thunderbird says: ${error?.message ?? error}` };
+}

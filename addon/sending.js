@@ -1,0 +1,73 @@
+/** Sending, confirmed. */
+
+import { close, details } from "./composing.js";
+import { MailError } from "./errors.js";
+import { forget } from "./outgoing.js";
+import { raise } from "./windows.js";
+
+const PROMPT_MS = 5000;
+const READY_MS = 3000;
+const AFTER_CLOSE_MS = 3000;
+
+function pause(milliseconds) {
+  return new Promise(resolve => setTimeout(resolve, milliseconds));
+}
+
+/** Fails some time after the window has gone: by then a send that succeeded has said so. */
+function closedUnsent(tabId) {
+  let stop;
+  const failed = new Promise((_resolve, reject) => {
+    const removed = async closed => {
+      if (closed === tabId) {
+        await pause(AFTER_CLOSE_MS);
+        reject(new MailError("Failed", "The message was closed before it was sent."));
+      }
+    };
+    messenger.tabs.onRemoved.addListener(removed);
+    stop = () => messenger.tabs.onRemoved.removeListener(removed);
+  });
+  failed.catch(() => {});
+  return { failed, stop };
+}
+
+async function checkRecipients(message) {
+  const { to, cc, bcc, newsgroups } = await details(message);
+  if (![to, cc, bcc, newsgroups].some(list => list?.length)) {
+    throw new MailError("Failed", "The message has no recipient.");
+  }
+}
+
+/** A window that has just opened does not offer Send at once. */
+async function sendWhenReady(tabId) {
+  const deadline = Date.now() + READY_MS;
+  for (;;) {
+    try {
+      return await messenger.compose.sendMessage(tabId, { mode: "sendNow" });
+    } catch (error) {
+      if (!/not ready/.test(error.message) || Date.now() > deadline) {
+        throw error;
+      }
+      await pause(50);
+    }
+  }
+}
+
+/**
+ * Sends what stands in the message's window; returns when the server took it.
+ * While Thunderbird asks the person something it stays unsent: after some
+ * seconds the window is raised so that the question is seen.
+ */
+export async function send(message) {
+  await checkRecipients(message);
+  const { tabId, windowId } = message;
+  const closed = closedUnsent(tabId);
+  const prompt = setTimeout(() => raise(windowId).catch(() => {}), PROMPT_MS);
+  try {
+    await Promise.race([sendWhenReady(tabId), closed.failed]);
+  } finally {
+    clearTimeout(prompt);
+    closed.stop();
+  }
+  forget(message);
+  await messenger.tabs.get(tabId).then(() => close(tabId)).catch(() => {});
+}

@@ -1,0 +1,106 @@
+#include "Contract.h"
+
+#include <QFile>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace kest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const ContractMember *find(const QList<ContractMember> &members, const QString &name)
+{
+    const auto found = std::find_if(members.cbegin(), members.cend(),
+                                    [&name](const ContractMember &member) { return member.name == name; });
+    return found == members.cend() ? nullptr : &*found;
+}
+
+QString attribute(const QXmlStreamReader &xml, QLatin1StringView name)
+{
+    return xml.attributes().value(name).toString();
+}
+
+ContractMember readMethod(QXmlStreamReader &xml)
+{
+    ContractMember method {attribute(xml, "name"_L1), {}, {}, {}, false};
+    while (xml.readNextStartElement()) {
+        if (attribute(xml, "direction"_L1) == "out"_L1) {
+            method.outputSignature += attribute(xml, "type"_L1);
+        } else {
+            method.inputNames += attribute(xml, "name"_L1);
+            method.inputSignature += attribute(xml, "type"_L1);
+        }
+        xml.skipCurrentElement();
+    }
+    return method;
+}
+
+ContractInterface readInterface(QXmlStreamReader &xml)
+{
+    ContractInterface interface;
+    interface.name = attribute(xml, "name"_L1).mid(interfacePrefix.size());
+    while (xml.readNextStartElement()) {
+        if (xml.name() == "method"_L1) {
+            interface.methods += readMethod(xml);
+            continue;
+        }
+        if (xml.name() == "property"_L1)
+            interface.properties += {attribute(xml, "name"_L1), {}, {}, attribute(xml, "type"_L1),
+                                     attribute(xml, "access"_L1).contains("write"_L1)};
+        xml.skipCurrentElement();
+    }
+    return interface;
+}
+
+} // namespace
+
+const ContractMember *ContractInterface::method(const QString &member) const
+{
+    return find(methods, member);
+}
+
+const ContractMember *ContractInterface::property(const QString &member) const
+{
+    return find(properties, member);
+}
+
+Contract Contract::builtIn()
+{
+    QFile file(u":/org.kest.Mail1.xml"_s);
+    return Contract(file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray());
+}
+
+Contract::Contract(const QByteArray &text)
+{
+    const QString source = QString::fromUtf8(text);
+    QXmlStreamReader xml(source);
+    xml.readNextStartElement();
+    while (xml.readNextStartElement()) {
+        const qint64 start = source.lastIndexOf(u'<', xml.characterOffset() - 1);
+        ContractInterface interface = readInterface(xml);
+        interface.xml = source.mid(start, xml.characterOffset() - start);
+        m_interfaces += interface;
+    }
+}
+
+const ContractInterface *Contract::forPath(const QString &path) const
+{
+    const auto named = [this](QLatin1StringView name) -> const ContractInterface * {
+        for (const ContractInterface &interface : m_interfaces)
+            if (interface.name == name)
+                return &interface;
+        return nullptr;
+    };
+    if (path == rootPath)
+        return named("Application"_L1);
+    if (path.startsWith(rootPath + "/message/"_L1))
+        return named("Message"_L1);
+    if (path.startsWith(rootPath + "/outgoing/"_L1))
+        return named("OutgoingMessage"_L1);
+    return nullptr;
+}
+
+} // namespace kest

@@ -1,0 +1,94 @@
+#include "FileHandOver.h"
+
+#include "NativeChannel.h"
+
+#include <cerrno>
+#include <cstring>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kest {
+
+using namespace Qt::StringLiterals;
+
+FileHandOver::FileHandOver(NativeChannel &channel, const QList<QDBusUnixFileDescriptor> &files, int firstFile,
+                           QObject *parent)
+    : QObject(parent)
+    , m_channel(channel)
+    , m_firstFile(firstFile)
+{
+    for (const QDBusUnixFileDescriptor &file : files)
+        m_sources += {file, 0};
+}
+
+void FileHandOver::start()
+{
+    if (!measure())
+        return fail(u"An attachment is not a regular file that can be read."_s);
+    sendMore();
+}
+
+bool FileHandOver::measure()
+{
+    for (const Source &source : m_sources) {
+        struct stat status {};
+        if (fstat(source.descriptor.fileDescriptor(), &status) != 0 || !S_ISREG(status.st_mode))
+            return false;
+        m_total += status.st_size;
+    }
+    return true;
+}
+
+void FileHandOver::sendMore()
+{
+    while (!m_ended && m_current < m_sources.size() && m_inFlight.size() < window)
+        if (!sendPiece())
+            return;
+    if (!m_ended && m_current == m_sources.size() && m_inFlight.isEmpty()) {
+        m_ended = true;
+        Q_EMIT finished();
+    }
+}
+
+bool FileHandOver::sendPiece()
+{
+    Source &source = m_sources[m_current];
+    QByteArray bytes(pieceSize, Qt::Uninitialized);
+    ssize_t count = -1;
+    do {
+        count = pread(source.descriptor.fileDescriptor(), bytes.data(), pieceSize, source.offset);
+    } while (count < 0 && errno == EINTR);
+    if (count < 0) {
+        fail(u"An attachment cannot be read: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));
+        return false;
+    }
+    bytes.truncate(count);
+    source.offset += count;
+    const bool last = count < pieceSize;
+    m_channel.send({{u"chunk"_s, m_firstFile + m_current},
+                    {u"data"_s, QString::fromLatin1(bytes.toBase64())},
+                    {u"last"_s, last}});
+    m_inFlight += count;
+    m_current += last ? 1 : 0;
+    return true;
+}
+
+void FileHandOver::taken(int file)
+{
+    if (m_ended || m_inFlight.isEmpty() || file < m_firstFile || file >= m_firstFile + m_sources.size())
+        return;
+    m_done += m_inFlight.takeFirst();
+    // A file that grew while it was read must not show more than the whole.
+    Q_EMIT progressed(qMin(m_done, m_total), m_total);
+    sendMore();
+}
+
+void FileHandOver::fail(const QString &words)
+{
+    m_ended = true;
+    for (int index = 0; index < m_sources.size(); ++index)
+        m_channel.send({{u"drop"_s, m_firstFile + index}});
+    Q_EMIT failed(words);
+}
+
+} // namespace kest

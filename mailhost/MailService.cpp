@@ -1,0 +1,178 @@
+#include "MailService.h"
+
+#include "AddonLink.h"
+
+#include <QDBusVariant>
+
+namespace kest {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr quint32 busProtocolVersion = 1;
+constexpr QLatin1StringView propertiesInterface {"org.freedesktop.DBus.Properties"};
+constexpr QLatin1StringView errorPrefix {"org.kest.Mail1.Error."};
+
+int deadlineFor(const ContractMember &member)
+{
+    const bool maySend = member.name == "Send"_L1 || member.name == "Reply"_L1;
+    return maySend ? AddonLink::sendDeadline : AddonLink::ordinaryDeadline;
+}
+
+} // namespace
+
+struct MailService::Request {
+    QString kind; ///< "call", "get" or "set".
+    const ContractInterface &interface;
+    QVariantList arguments;
+};
+
+MailService::MailService(Contract contract, AddonLink &addon, QDBusConnection bus)
+    : m_contract(std::move(contract))
+    , m_addon(addon)
+    , m_bus(std::move(bus))
+{
+    registerBusTypes();
+    connect(&addon, &AddonLink::focusChanged, this, &MailService::focusChanged);
+    connect(&addon, &AddonLink::handOverProgressed, this, &MailService::handOverProgressed);
+}
+
+QString MailService::introspect(const QString &path) const
+{
+    const ContractInterface *interface = m_contract.forPath(path);
+    return interface ? interface->xml : QString();
+}
+
+bool MailService::handleMessage(const QDBusMessage &message, const QDBusConnection &)
+{
+    const ContractInterface *interface = m_contract.forPath(message.path());
+    if (!interface || message.type() != QDBusMessage::MethodCallMessage)
+        return false;
+    if (message.interface() == propertiesInterface)
+        return handleProperties(message, *interface);
+    const bool ours = message.interface().isEmpty() || message.interface() == interfacePrefix + interface->name;
+    const ContractMember *method = ours ? interface->method(message.member()) : nullptr;
+    if (!method)
+        return false;
+    if (message.signature() != method->inputSignature)
+        return fail(message, u"InvalidArgument"_s, u"%1 takes (%2)."_s.arg(method->name, method->inputSignature));
+    pass(message, {u"call"_s, *interface, message.arguments()}, *method, false);
+    return true;
+}
+
+bool MailService::handleProperties(const QDBusMessage &message, const ContractInterface &interface)
+{
+    const QVariantList arguments = message.arguments();
+    const bool known = arguments.value(0).toString() == interfacePrefix + interface.name;
+    if (known && message.member() == "GetAll"_L1)
+        return readAll(message, interface);
+    const ContractMember *property = known ? interface.property(arguments.value(1).toString()) : nullptr;
+    if (!property)
+        return fail(message, u"InvalidArgument"_s, u"There is no such property."_s);
+    const bool write = message.member() == "Set"_L1;
+    if (write && !property->writable)
+        return fail(message, u"InvalidArgument"_s, u"%1 cannot be written."_s.arg(property->name));
+    if (const QVariant own = ownProperty(property->name); own.isValid()) {
+        m_bus.send(message.createReply(QVariant::fromValue(QDBusVariant(own))));
+        return true;
+    }
+    pass(message, {write ? u"set"_s : u"get"_s, interface, arguments.mid(2)}, *property, !write);
+    return true;
+}
+
+/// Only the application's properties are all known here; of the other objects each is asked for by itself.
+bool MailService::readAll(const QDBusMessage &message, const ContractInterface &interface)
+{
+    QVariantMap values;
+    for (const ContractMember &property : interface.properties) {
+        const QVariant own = ownProperty(property.name);
+        if (!own.isValid())
+            return fail(message, u"Unsupported"_s, u"Read the properties of messages one by one."_s);
+        values.insert(property.name, own);
+    }
+    m_bus.send(message.createReply(values));
+    return true;
+}
+
+QVariant MailService::ownProperty(const QString &name) const
+{
+    if (name == "ProtocolVersion"_L1)
+        return busProtocolVersion;
+    if (name == "Version"_L1)
+        return QStringLiteral(KEST_VERSION);
+    if (name == "Features"_L1)
+        return QStringList {u"NewMessage"_s, u"Reply"_s};
+    if (name == "Name"_L1)
+        return m_addon.hello().applicationName;
+    if (name == "ApplicationVersion"_L1)
+        return m_addon.hello().applicationVersion;
+    return {};
+}
+
+void MailService::pass(const QDBusMessage &message, const Request &request, const ContractMember &member, bool asVariant)
+{
+    if (const QString words = m_addon.mismatch(); !words.isEmpty()) {
+        fail(message, u"Mismatch"_s, words);
+        return;
+    }
+    QList<QDBusUnixFileDescriptor> files;
+    const QJsonArray values = toJson(request.arguments, files, m_addon.fileBase());
+    QJsonValue arguments = values.first();
+    if (request.kind == "call"_L1) {
+        QJsonObject named;
+        for (qsizetype index = 0; index < values.size(); ++index)
+            named.insert(member.inputNames[index], values[index]);
+        arguments = named;
+    }
+    const QJsonObject out {{u"path"_s, message.path()}, {u"interface"_s, request.interface.name},
+                           {u"kind"_s, request.kind}, {u"member"_s, member.name}, {u"arguments"_s, arguments}};
+    const QString signature = request.kind == "set"_L1 ? QString() : member.outputSignature;
+    m_addon.request(out, files, deadlineFor(member),
+                    [this, message, signature, asVariant](const AddonAnswer &answer) {
+                        reply(message, answer, signature, asVariant);
+                    });
+}
+
+void MailService::reply(const QDBusMessage &message, const AddonAnswer &answer, const QString &signature, bool asVariant)
+{
+    if (!answer.errorName.isEmpty()) {
+        fail(message, answer.errorName, answer.errorWords);
+        return;
+    }
+    if (signature.isEmpty()) {
+        m_bus.send(message.createReply());
+        return;
+    }
+    const QVariant value = fromJson(answer.value, signature);
+    if (!value.isValid()) {
+        fail(message, u"Failed"_s, u"The add-on gave an answer that makes no sense."_s);
+        return;
+    }
+    m_bus.send(message.createReply(asVariant ? QVariant::fromValue(QDBusVariant(value)) : value));
+}
+
+bool MailService::fail(const QDBusMessage &message, const QString &name, const QString &words)
+{
+    m_bus.send(message.createErrorReply(errorPrefix + name, words));
+    return true;
+}
+
+void MailService::focusChanged(bool focused)
+{
+    broadcast(focused ? u"FocusGained"_s : u"FocusLost"_s, {});
+}
+
+void MailService::handOverProgressed(qint64 done, qint64 total)
+{
+    broadcast(u"HandOverProgressed"_s, {QVariant::fromValue<quint64>(done), QVariant::fromValue<quint64>(total)});
+}
+
+void MailService::broadcast(const QString &signal, const QVariantList &arguments)
+{
+    QDBusMessage message = QDBusMessage::createSignal(rootPath, interfacePrefix + "Application"_L1, signal);
+    message.setArguments(arguments);
+    m_bus.send(message);
+}
+
+} // namespace kest
