@@ -5,8 +5,10 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <linux/capability.h>
 #include <sched.h>
 #include <sys/mount.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace kest::testing {
@@ -30,6 +32,14 @@ inline bool enterPrivateMounts()
             return false;
     }
     return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+/// Makes permissions bind this process also when it is root's.
+inline bool dropCapabilities()
+{
+    __user_cap_header_struct header = { _LINUX_CAPABILITY_VERSION_3, 0 };
+    __user_cap_data_struct none[_LINUX_CAPABILITY_U32S_3] = {};
+    return ::syscall(SYS_capset, &header, none) == 0;
 }
 
 /// A file system of its own in memory, at an existing folder, until destroyed.

@@ -7,6 +7,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
 
@@ -309,6 +310,29 @@ private Q_SLOTS:
         defaults.setBool(true, SettingsKeys::bSendReplies);
         QCOMPARE(defaults.boolForKey(SettingsKeys::bSendReplies), true);
         QVERIFY(QFileInfo::exists(path + QStringLiteral("/inside")));
+    }
+
+    void aFileThatPermissionsHideIsSaidAndNotWrittenOver()
+    {
+        const QString path = freshPath();
+        UserDefaults(path).setBool(true, SettingsKeys::bSendReplies);
+        QVERIFY(QFile::setPermissions(path, {}));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            if (!kest::testing::dropCapabilities())
+                ::_exit(2);
+            UserDefaults defaults(path);
+            QSignalSpy troubles(&defaults, &UserDefaults::troubleOccurred);
+            const bool hidden = !defaults.boolForKey(SettingsKeys::bSendReplies);
+            defaults.setBool(true, SettingsKeys::bDeleteOriginals);
+            ::_exit(hidden && troubles.count() == 2 && damagedBeside(path).isEmpty() ? 0 : 1);
+        }
+        int status = 0;
+        QCOMPARE(::waitpid(child, &status, 0), child);
+        QCOMPARE(WEXITSTATUS(status), 0);
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
+        QCOMPARE(UserDefaults(path).boolForKey(SettingsKeys::bSendReplies), true);
+        QCOMPARE(UserDefaults(path).boolForKey(SettingsKeys::bDeleteOriginals), false);
     }
 
     void aLinkedFileStaysALinkAndKeepsItsMode()
