@@ -3,6 +3,7 @@
 #include "support/InterfaceDescription.h"
 
 #include <QDBusError>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QTimer>
 
@@ -69,8 +70,10 @@ bool FakeMailApplication::isWellFormed(const Request &request, const QDBusMessag
     const auto member = mailInterface().find(interfacePrefix + request.interface + u' ' + kind + u' ' + request.member);
     if (member == mailInterface().end() || request.interface != interfaceAt(request.path))
         return false;
-    if (request.kind == Request::Set)
-        return member->access == u"readwrite";
+    if (request.kind == Request::Set) {
+        const char *type = QDBusMetaType::typeToSignature(request.arguments.value(0).metaType());
+        return member->access == u"readwrite" && member->out == QLatin1String(type);
+    }
     return request.kind == Request::Get || member->in == message.signature();
 }
 
@@ -82,6 +85,8 @@ bool FakeMailApplication::countsAsCall(const Request &request) const
 
 bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBusConnection &connection)
 {
+    if (!message.interface().startsWith(interfacePrefix) && message.interface() != propertiesInterface)
+        return false; // introspection is Qt's
     const Request request = requestFrom(message);
     if (!isWellFormed(request, message))
         return connection.send(message.createErrorReply(QDBusError::UnknownMethod, u"no such member"_s));
