@@ -1,0 +1,58 @@
+#include "platform/linux/sound/CaptureGate.h"
+
+#include <algorithm>
+#include <ctime>
+
+namespace kest {
+
+namespace {
+
+constexpr qint64 nanosecondsPerSecond = 1'000'000'000;
+
+} // namespace
+
+MonotonicTime monotonicNow()
+{
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
+}
+
+void CaptureGate::schedule(Action action, MonotonicTime time)
+{
+    const std::lock_guard lock(m_mutex);
+    m_cuts.push_back({action, time});
+}
+
+void CaptureGate::pass(const float *samples, qsizetype count, MonotonicTime start,
+                       const std::function<void(const float *samples, qsizetype count)> &keep)
+{
+    const MonotonicTime chunkEnd = start + count * nanosecondsPerSecond / m_sampleRate;
+    qsizetype position = 0;
+    const auto advanceTo = [&](qsizetype next) {
+        if (m_open && next > position)
+            keep(samples + position, next - position);
+        position = next;
+    };
+    Cut cut = {};
+    while (!m_ended && takeCutBefore(chunkEnd, &cut)) {
+        const qsizetype offset = qsizetype((cut.time - start) * m_sampleRate / nanosecondsPerSecond);
+        advanceTo(std::clamp(offset, position, count));
+        m_open = cut.action == Action::Open;
+        m_ended = cut.action == Action::End;
+    }
+    if (!m_ended)
+        advanceTo(count);
+}
+
+bool CaptureGate::takeCutBefore(MonotonicTime time, Cut *cut)
+{
+    const std::lock_guard lock(m_mutex);
+    if (m_cuts.empty() || m_cuts.front().time >= time)
+        return false;
+    *cut = m_cuts.front();
+    m_cuts.pop_front();
+    return true;
+}
+
+} // namespace kest

@@ -1,0 +1,209 @@
+#include "platform/linux/sound/CaptureSession.h"
+
+#include <utility>
+
+namespace kest {
+
+namespace {
+
+constexpr qint64 millisecond = 1'000'000; // in nanoseconds
+
+// Trouble is told within 2 s of its beginning; looking costs up to one interval more.
+constexpr int watchMilliseconds = 200;
+constexpr qint64 serverPatience = 1500 * millisecond;
+constexpr qint64 microphonePatience = 1000 * millisecond; // a session manager may still be starting
+constexpr qint64 dataPatience = 1700 * millisecond;
+
+// What was spoken before Stop has arrived by then, or never will.
+constexpr int stopMilliseconds = 300;
+
+/// Half a wait of the encoder's 1024 samples is not worth a wake-up.
+constexpr qsizetype samplesWorthWaking = 2048;
+
+} // namespace
+
+std::shared_ptr<CaptureSession> CaptureSession::start(const std::shared_ptr<PulseContext> &context)
+{
+    auto session = std::make_shared<CaptureSession>(context);
+    context->thread().post([session] { session->open(); });
+    return session;
+}
+
+CaptureSession::CaptureSession(const std::shared_ptr<PulseContext> &context)
+    : m_owner(context), m_context(context.get()), m_gate(CaptureStream::sampleRate), m_meter(CaptureStream::sampleRate)
+{
+}
+
+void CaptureSession::setEvents(Events events)
+{
+    post([self = shared_from_this(), events = std::move(events)] {
+        self->m_events = events;
+        if (self->m_trouble && events.troubleOccurred)
+            events.troubleOccurred(self->m_trouble->first, self->m_trouble->second);
+    });
+}
+
+void CaptureSession::resume()
+{
+    m_gate.schedule(CaptureGate::Action::Open, monotonicNow());
+}
+
+void CaptureSession::pause()
+{
+    m_gate.schedule(CaptureGate::Action::Close, monotonicNow());
+}
+
+void CaptureSession::stop()
+{
+    const MonotonicTime now = monotonicNow();
+    m_gate.schedule(CaptureGate::Action::End, now);
+    post([self = shared_from_this(), now] {
+        if (self->m_state == State::Streaming) {
+            self->m_stopBy = now + stopMilliseconds * millisecond;
+            self->m_watch->setSingleShot(stopMilliseconds);
+        } else {
+            self->end();
+        }
+    });
+}
+
+void CaptureSession::abort(RecordingTrouble trouble, const QString &detail)
+{
+    post([self = shared_from_this(), trouble, detail] { self->fail(trouble, detail); });
+}
+
+qsizetype CaptureSession::read(float *samples, qsizetype count, int milliseconds)
+{
+    if (m_ring.available() < samplesWorthWaking && !hasEnded())
+        m_samplesReady.wait(milliseconds);
+    return m_ring.read(samples, count);
+}
+
+void CaptureSession::post(std::function<void()> task)
+{
+    // Without a context the session has ended.
+    if (const auto context = m_owner.lock())
+        context->thread().post(std::move(task));
+}
+
+void CaptureSession::open()
+{
+    m_context->addListener(shared_from_this());
+    m_watch = std::make_unique<PulseTimer>(m_context->thread(), [this] { watch(); });
+    m_watch->setSingleShot(watchMilliseconds);
+    m_waitingSince = monotonicNow();
+    m_context->ensureConnected();
+    tryToOpenStream();
+}
+
+void CaptureSession::tryToOpenStream()
+{
+    if (m_state != State::WaitingForSource || !m_context->isReady())
+        return;
+    if (!std::exchange(m_everReady, true))
+        m_waitingSince = monotonicNow();
+    const auto source = m_context->sources().microphone();
+    if (!source)
+        return;
+    m_stream = std::make_unique<CaptureStream>(*m_context, *source, *this);
+    m_state = State::Streaming;
+    m_waitingSince = monotonicNow();
+    if (!m_stream->open())
+        streamLost();
+}
+
+void CaptureSession::sourcesChanged()
+{
+    if (m_state == State::WaitingForSource)
+        tryToOpenStream();
+    else if (m_state == State::Streaming)
+        m_stream->sourcesChanged();
+}
+
+void CaptureSession::contextLost()
+{
+    fail(m_state == State::Streaming ? RecordingTrouble::SoundServerLost : RecordingTrouble::NoSoundServer);
+}
+
+void CaptureSession::streamLost()
+{
+    // When the server dies, its streams fail first; the context tells in a moment.
+    if (m_context->handle() && pa_context_get_state(m_context->handle()) != PA_CONTEXT_READY)
+        return;
+    fail(RecordingTrouble::MicrophoneLost, m_stream->source().description);
+}
+
+void CaptureSession::samplesCaptured(const float *samples, qsizetype count, MonotonicTime start)
+{
+    if (m_state != State::Streaming)
+        return;
+    m_waitingSince = monotonicNow();
+    m_gate.pass(samples, count, start, [this](const float *kept, qsizetype keptCount) { keep(kept, keptCount); });
+    if (m_gate.hasEnded())
+        end();
+    else if (!m_gate.isOpen())
+        m_meter.reset();
+}
+
+void CaptureSession::keep(const float *samples, qsizetype count)
+{
+    const qsizetype taken = m_ring.write(samples, count);
+    m_meter.add(samples, count);
+    const qint64 before = m_captured.fetch_add(taken, std::memory_order_acq_rel);
+    if (before == 0 && taken > 0 && m_events.captureStarted)
+        m_events.captureStarted();
+    if (m_ring.available() >= samplesWorthWaking)
+        m_samplesReady.wake();
+    if (taken < count)
+        fail(RecordingTrouble::CannotWrite);
+}
+
+void CaptureSession::watch()
+{
+    const MonotonicTime now = monotonicNow();
+    if (m_stopBy && now >= m_stopBy) {
+        end();
+        return;
+    }
+    m_watch->setSingleShot(m_stopBy ? int((m_stopBy - now) / millisecond) + 1 : watchMilliseconds);
+    if (const auto trouble = troubleOfWaiting(now - m_waitingSince))
+        fail(*trouble, m_stream ? m_stream->source().description : QString());
+}
+
+std::optional<RecordingTrouble> CaptureSession::troubleOfWaiting(qint64 waited) const
+{
+    if (m_state == State::Streaming)
+        return waited > dataPatience ? std::optional(RecordingTrouble::NoSound) : std::nullopt;
+    if (!m_context->isReady())
+        return waited > serverPatience ? std::optional(RecordingTrouble::NoSoundServer) : std::nullopt;
+    return waited > microphonePatience ? std::optional(RecordingTrouble::NoMicrophone) : std::nullopt;
+}
+
+void CaptureSession::fail(RecordingTrouble trouble, const QString &detail)
+{
+    if (m_state == State::Ended)
+        return;
+    m_trouble = {trouble, detail};
+    end();
+    if (m_events.troubleOccurred)
+        m_events.troubleOccurred(trouble, detail);
+}
+
+void CaptureSession::end()
+{
+    if (std::exchange(m_state, State::Ended) == State::Ended)
+        return;
+    m_gate.end();
+    m_meter.reset();
+    m_context->removeListener(this);
+    // Later: this may be called from a callback of the one or the other.
+    m_context->thread().post([self = shared_from_this()] {
+        self->m_stream.reset();
+        self->m_watch.reset();
+        self->m_events = {};
+    });
+    m_ended.store(true, std::memory_order_release);
+    m_samplesReady.wake();
+}
+
+} // namespace kest

@@ -1,0 +1,138 @@
+#include "platform/linux/sound/CaptureStream.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace kest {
+
+namespace {
+
+constexpr int fragmentMilliseconds = 20;
+constexpr qint64 nanosecondsPerMicrosecond = 1000;
+constexpr qint64 nanosecondsPerSecond = 1'000'000'000;
+
+} // namespace
+
+CaptureStream::CaptureStream(PulseContext &context, const PulseSource &source, CaptureStreamListener &listener)
+    : m_context(context), m_source(source), m_listener(listener)
+{
+}
+
+CaptureStream::~CaptureStream()
+{
+    if (!m_stream)
+        return;
+    pa_stream_set_state_callback(m_stream, nullptr, nullptr);
+    pa_stream_set_read_callback(m_stream, nullptr, nullptr);
+    pa_stream_set_moved_callback(m_stream, nullptr, nullptr);
+    pa_stream_disconnect(m_stream);
+    pa_stream_unref(m_stream);
+}
+
+bool CaptureStream::open()
+{
+    const pa_sample_spec spec = {PA_SAMPLE_FLOAT32NE, sampleRate, m_source.channels.channels};
+    m_stream = pa_stream_new(m_context.handle(), "Recording", &spec, &m_source.channels);
+    if (!m_stream)
+        return false;
+    pa_stream_set_state_callback(
+        m_stream, [](pa_stream *, void *self) { static_cast<CaptureStream *>(self)->stateChanged(); }, this);
+    pa_stream_set_read_callback(
+        m_stream, [](pa_stream *, size_t, void *self) { static_cast<CaptureStream *>(self)->readAvailable(); }, this);
+    pa_stream_set_moved_callback(
+        m_stream, [](pa_stream *, void *self) { static_cast<CaptureStream *>(self)->moved(); }, this);
+    pa_buffer_attr buffer = {};
+    buffer.maxlength = uint32_t(-1);
+    buffer.fragsize = uint32_t(pa_usec_to_bytes(fragmentMilliseconds * PA_USEC_PER_MSEC, &spec));
+    const auto flags = pa_stream_flags_t(PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE
+                                         | PA_STREAM_INTERPOLATE_TIMING);
+    return pa_stream_connect_record(m_stream, m_source.name.constData(), &buffer, flags) == 0;
+}
+
+void CaptureStream::stateChanged()
+{
+    const pa_stream_state_t state = pa_stream_get_state(m_stream);
+    if (state == PA_STREAM_FAILED || state == PA_STREAM_TERMINATED)
+        m_listener.streamLost();
+}
+
+void CaptureStream::moved()
+{
+    if (pa_stream_get_device_index(m_stream) == m_source.index)
+        return;
+    // Both servers move a stream silently when its source goes away. Whether that is the reason, or a person moved it,
+    // shows when the sources are known afresh; until then nothing is taken from the new source.
+    m_undecided = true;
+    m_context.refresh();
+}
+
+void CaptureStream::sourcesChanged()
+{
+    const PulseSources known = m_context.sources();
+    if (!known.find(m_source.index)) {
+        m_listener.streamLost();
+        return;
+    }
+    if (!m_undecided)
+        return;
+    if (const PulseSource *now = known.find(pa_stream_get_device_index(m_stream))) {
+        m_source = *now;
+        deliverHeld();
+    }
+}
+
+void CaptureStream::readAvailable()
+{
+    while (m_stream && readChunk()) { }
+}
+
+bool CaptureStream::readChunk()
+{
+    const void *data = nullptr;
+    size_t bytes = 0;
+    if (pa_stream_peek(m_stream, &data, &bytes) < 0 || bytes == 0)
+        return false;
+    const qsizetype frames = qsizetype(bytes / pa_frame_size(pa_stream_get_sample_spec(m_stream)));
+    const MonotonicTime start = captureTime(frames);
+    average(static_cast<const float *>(data), frames); // null data is a hole: what the server lost, kept as silence
+    pa_stream_drop(m_stream);
+    if (m_undecided)
+        m_held.push_back({m_mono, start});
+    else
+        m_listener.samplesCaptured(m_mono.data(), frames, start);
+    return true;
+}
+
+void CaptureStream::average(const float *interleaved, qsizetype frames)
+{
+    m_mono.assign(frames, 0.0F);
+    if (!interleaved)
+        return;
+    const int channels = pa_stream_get_sample_spec(m_stream)->channels;
+    for (qsizetype frame = 0; frame < frames; ++frame) {
+        float sum = 0;
+        for (int channel = 0; channel < channels; ++channel)
+            sum += interleaved[frame * channels + channel];
+        m_mono[frame] = sum / float(channels);
+    }
+}
+
+MonotonicTime CaptureStream::captureTime(qsizetype frames) const
+{
+    pa_usec_t latency = 0;
+    int negative = 0;
+    // The latency is how long ago the next sample to be read was captured. Unknown just after the start: then the
+    // last sample read is taken to be just captured.
+    if (pa_stream_get_latency(m_stream, &latency, &negative) < 0 || negative)
+        return monotonicNow() - frames * nanosecondsPerSecond / sampleRate;
+    return monotonicNow() - qint64(latency) * nanosecondsPerMicrosecond;
+}
+
+void CaptureStream::deliverHeld()
+{
+    m_undecided = false;
+    for (const Chunk &chunk : std::exchange(m_held, {}))
+        m_listener.samplesCaptured(chunk.samples.data(), qsizetype(chunk.samples.size()), chunk.start);
+}
+
+} // namespace kest

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "platform/linux/sound/CaptureGate.h"
+#include "platform/linux/sound/PulseContext.h"
+
+#include <pulse/stream.h>
+#include <pulse/timeval.h>
+
+#include <vector>
+
+namespace kest {
+
+/// Hears what a CaptureStream brings. Called on the PulseThread.
+class CaptureStreamListener
+{
+public:
+    virtual ~CaptureStreamListener() = default;
+
+    /// Mono samples, full scale -1 to 1. `start` is the moment at which the
+    /// first of them was captured.
+    virtual void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start) = 0;
+
+    /// The source is gone, or the stream was refused. Last call.
+    virtual void streamLost() = 0;
+};
+
+/// One stream of samples from one source, averaged to mono.
+///
+/// Asks for the source's own channels and averages them here: servers' own
+/// conversions to mono add, which is too loud and can clip. Ends when its source
+/// goes away, also where the server would move the stream to another one; only a
+/// move that a person makes is followed. For the PulseThread.
+class CaptureStream
+{
+public:
+    static constexpr int sampleRate = 44100;
+
+    CaptureStream(PulseContext &context, const PulseSource &source, CaptureStreamListener &listener);
+    ~CaptureStream();
+    CaptureStream(const CaptureStream &) = delete;
+    CaptureStream &operator=(const CaptureStream &) = delete;
+
+    /// False when the server refuses at once.
+    bool open();
+
+    /// The context's sources changed: decides whether the stream's own is still
+    /// there. May call `streamLost`, which may destroy this.
+    void sourcesChanged();
+
+    const PulseSource &source() const { return m_source; }
+
+private:
+    struct Chunk {
+        std::vector<float> samples;
+        MonotonicTime start = 0;
+    };
+
+    void stateChanged();
+    void moved();
+    void readAvailable();
+    bool readChunk();
+    void average(const float *interleaved, qsizetype frames);
+    MonotonicTime captureTime(qsizetype frames) const;
+    void deliverHeld();
+
+    PulseContext &m_context;
+    PulseSource m_source;
+    CaptureStreamListener &m_listener;
+    pa_stream *m_stream = nullptr;
+    bool m_undecided = false; // moved, and not yet known by whom
+    std::vector<Chunk> m_held; // captured meanwhile
+    std::vector<float> m_mono;
+};
+
+} // namespace kest

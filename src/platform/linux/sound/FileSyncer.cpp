@@ -1,0 +1,31 @@
+#include "platform/linux/sound/FileSyncer.h"
+
+#include <unistd.h>
+
+#include <chrono>
+
+namespace kest {
+
+FileSyncer::FileSyncer(int file) : m_file(file), m_thread([this] { run(); }) { }
+
+FileSyncer::~FileSyncer()
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_ended = true;
+    }
+    m_changed.notify_all();
+    m_thread.join();
+}
+
+void FileSyncer::run()
+{
+    std::unique_lock lock(m_mutex);
+    while (!m_changed.wait_for(lock, std::chrono::seconds(1), [this] { return m_ended; })) {
+        lock.unlock();
+        fdatasync(m_file); // an error shows at the next write, or at the end
+        lock.lock();
+    }
+}
+
+} // namespace kest

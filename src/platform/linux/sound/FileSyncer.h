@@ -1,0 +1,33 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+#include <thread>
+
+namespace kest {
+
+/// Has a growing file written to the disk once a second, on a thread of its own,
+/// so that a slow disk does not hold up the encoder. A power cut then costs
+/// about a second.
+class FileSyncer
+{
+public:
+    /// `file` stays open for as long as this lives.
+    explicit FileSyncer(int file);
+
+    /// Waits for a write to the disk that is under way.
+    ~FileSyncer();
+    FileSyncer(const FileSyncer &) = delete;
+    FileSyncer &operator=(const FileSyncer &) = delete;
+
+private:
+    void run();
+
+    const int m_file;
+    std::mutex m_mutex;
+    std::condition_variable m_changed;
+    bool m_ended = false;
+    std::thread m_thread;
+};
+
+} // namespace kest

@@ -1,0 +1,201 @@
+#include "platform/linux/sound/PulseContext.h"
+
+#include <pulse/error.h>
+#include <pulse/proplist.h>
+
+#include <QLoggingCategory>
+
+#include <algorithm>
+#include <utility>
+
+namespace kest {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logSound, "kest.sound")
+
+// A server that was restarted is back within a second; one that is not there at all is asked ever more rarely.
+constexpr int firstRetryMilliseconds = 500;
+constexpr int lastRetryMilliseconds = 30'000;
+
+void unrefOperation(pa_operation *operation)
+{
+    if (operation)
+        pa_operation_unref(operation);
+}
+
+} // namespace
+
+PulseContext::PulseContext(QString applicationName) : m_applicationName(std::move(applicationName))
+{
+    m_thread.post([this] {
+        m_retry = std::make_unique<PulseTimer>(m_thread, [this] { connectToServer(PA_CONTEXT_NOAUTOSPAWN); });
+        ensureConnected();
+    });
+}
+
+PulseContext::~PulseContext()
+{
+    m_thread.post([this] {
+        for (const auto &listener : Listeners(m_listeners))
+            listener->contextLost();
+        m_listeners.clear();
+        drop();
+        m_retry.reset();
+    });
+}
+
+PulseSources PulseContext::sources() const
+{
+    const std::lock_guard lock(m_mutex);
+    return m_published;
+}
+
+void PulseContext::addListener(std::shared_ptr<PulseContextListener> listener)
+{
+    m_listeners.push_back(std::move(listener));
+}
+
+void PulseContext::removeListener(const PulseContextListener *listener)
+{
+    std::erase_if(m_listeners, [listener](const auto &other) { return other.get() == listener; });
+}
+
+void PulseContext::ensureConnected()
+{
+    if (!m_context)
+        connectToServer(PA_CONTEXT_NOFLAGS);
+}
+
+void PulseContext::connectToServer(pa_context_flags_t flags)
+{
+    m_retry->cancel();
+    pa_proplist *properties = pa_proplist_new();
+    const QByteArray name = m_applicationName.toUtf8();
+    pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, name.constData());
+    pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "org.kest.Kest");
+    pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, "org.kest.Kest");
+    m_context = pa_context_new_with_proplist(m_thread.api(), name.constData(), properties);
+    pa_proplist_free(properties);
+    pa_context_set_state_callback(
+        m_context, [](pa_context *, void *self) { static_cast<PulseContext *>(self)->stateChanged(); }, this);
+    pa_context_set_subscribe_callback(
+        m_context,
+        [](pa_context *, pa_subscription_event_type_t, uint32_t, void *self) {
+            static_cast<PulseContext *>(self)->refresh();
+        },
+        this);
+    if (pa_context_connect(m_context, nullptr, flags, nullptr) < 0)
+        lost();
+}
+
+void PulseContext::stateChanged()
+{
+    const pa_context_state_t state = pa_context_get_state(m_context);
+    if (state == PA_CONTEXT_READY) {
+        m_ready = true;
+        m_retryMilliseconds = 0;
+        const auto facilities = pa_subscription_mask_t(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER);
+        unrefOperation(pa_context_subscribe(m_context, facilities, nullptr, nullptr));
+        refresh();
+    } else if (!PA_CONTEXT_IS_GOOD(state)) {
+        lost();
+    }
+}
+
+void PulseContext::lost()
+{
+    if (!m_context)
+        return;
+    qCInfo(logSound, "No connection to the sound server: %s", pa_strerror(pa_context_errno(m_context)));
+    drop();
+    {
+        const std::lock_guard lock(m_mutex);
+        m_published = {};
+    }
+    m_retryMilliseconds = std::clamp(m_retryMilliseconds * 2, firstRetryMilliseconds, lastRetryMilliseconds);
+    m_retry->setSingleShot(m_retryMilliseconds);
+    for (const auto &listener : Listeners(m_listeners))
+        listener->contextLost();
+}
+
+void PulseContext::drop()
+{
+    m_ready = m_refreshing = m_refreshAgain = false;
+    if (pa_context *context = std::exchange(m_context, nullptr)) {
+        pa_context_set_state_callback(context, nullptr, nullptr);
+        pa_context_set_subscribe_callback(context, nullptr, nullptr);
+        pa_context_disconnect(context);
+        pa_context_unref(context);
+    }
+}
+
+void PulseContext::refresh()
+{
+    if (!m_ready)
+        return;
+    m_refreshAgain = m_refreshing;
+    if (!m_refreshing)
+        requestServerInfo();
+}
+
+void PulseContext::requestServerInfo()
+{
+    m_refreshing = true;
+    m_collected = {};
+    unrefOperation(pa_context_get_server_info(
+        m_context,
+        [](pa_context *, const pa_server_info *info, void *self) {
+            static_cast<PulseContext *>(self)->takeServerInfo(info);
+        },
+        this));
+}
+
+void PulseContext::takeServerInfo(const pa_server_info *info)
+{
+    if (!m_context || !info)
+        return;
+    m_collected.connected = true;
+    m_collected.defaultSource = info->default_source_name;
+    m_collected.defaultSink = info->default_sink_name;
+    unrefOperation(pa_context_get_source_info_list(
+        m_context,
+        [](pa_context *, const pa_source_info *source, int end, void *self) {
+            auto *context = static_cast<PulseContext *>(self);
+            if (end)
+                context->publish();
+            else
+                context->takeSource(source);
+        },
+        this));
+}
+
+void PulseContext::takeSource(const pa_source_info *info)
+{
+    PulseSource source;
+    source.index = info->index;
+    source.name = info->name;
+    source.description = QString::fromUtf8(info->description);
+    source.channels = info->channel_map;
+    source.isMonitor = info->monitor_of_sink != PA_INVALID_INDEX;
+    source.monitorOf = info->monitor_of_sink;
+    source.monitorOfName = info->monitor_of_sink_name;
+    m_collected.sources.append(source);
+}
+
+void PulseContext::publish()
+{
+    if (!m_context)
+        return;
+    m_refreshing = false;
+    {
+        const std::lock_guard lock(m_mutex);
+        m_published = m_collected;
+    }
+    for (const auto &listener : Listeners(m_listeners))
+        listener->sourcesChanged();
+    if (std::exchange(m_refreshAgain, false))
+        refresh();
+}
+
+} // namespace kest

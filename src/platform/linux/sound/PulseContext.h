@@ -1,0 +1,89 @@
+#pragma once
+
+#include "platform/linux/sound/PulseSource.h"
+#include "platform/linux/sound/PulseThread.h"
+
+#include <pulse/context.h>
+#include <pulse/introspect.h>
+#include <pulse/subscribe.h>
+
+#include <memory>
+#include <mutex>
+#include <vector>
+
+namespace kest {
+
+/// Hears about the connection. Called on the PulseThread.
+class PulseContextListener
+{
+public:
+    virtual ~PulseContextListener() = default;
+
+    /// What is known about the sources is new, or known for the first time.
+    virtual void sourcesChanged() = 0;
+
+    /// The server cannot be reached, or no longer.
+    virtual void contextLost() = 0;
+};
+
+/// The connection to the sound server.
+///
+/// Connects in the background as soon as it is made, notices what the server
+/// announces, and connects anew after a server died. `sources` may be called
+/// from any thread and answers at once; everything else is for the PulseThread.
+class PulseContext
+{
+public:
+    /// `applicationName` is what the desktop's sound settings show.
+    explicit PulseContext(QString applicationName);
+    ~PulseContext();
+    PulseContext(const PulseContext &) = delete;
+    PulseContext &operator=(const PulseContext &) = delete;
+
+    PulseThread &thread() { return m_thread; }
+
+    /// Any thread: what the server last announced.
+    PulseSources sources() const;
+
+    void addListener(std::shared_ptr<PulseContextListener> listener);
+    void removeListener(const PulseContextListener *listener);
+
+    /// Connects now, if there is no connection.
+    void ensureConnected();
+
+    /// Asks for the sources afresh; `sourcesChanged` follows.
+    void refresh();
+
+    bool isReady() const { return m_ready; }
+    bool isConnecting() const { return m_context && !m_ready; }
+
+    /// Null while there is no connection.
+    pa_context *handle() const { return m_context; }
+
+private:
+    using Listeners = std::vector<std::shared_ptr<PulseContextListener>>;
+
+    void connectToServer(pa_context_flags_t flags);
+    void stateChanged();
+    void lost();
+    void drop();
+    void requestServerInfo();
+    void takeServerInfo(const pa_server_info *info);
+    void takeSource(const pa_source_info *info);
+    void publish();
+
+    const QString m_applicationName;
+    mutable std::mutex m_mutex; // guards m_published, for the length of a copy
+    PulseSources m_published;
+    PulseSources m_collected; // being gathered
+    Listeners m_listeners;
+    pa_context *m_context = nullptr;
+    bool m_ready = false;
+    bool m_refreshing = false;
+    bool m_refreshAgain = false;
+    int m_retryMilliseconds = 0;
+    std::unique_ptr<PulseTimer> m_retry;
+    PulseThread m_thread; // last: it ends before what its tasks use
+};
+
+} // namespace kest

@@ -1,0 +1,128 @@
+#include "platform/linux/sound/PulseRecorder.h"
+
+#include "platform/linux/sound/RecordingFile.h"
+#include "platform/linux/sound/RecordingJob.h"
+
+#include <utility>
+
+namespace kest {
+
+PulseRecorder::PulseRecorder(FileURL url, const EncoderFormat &format, Parts parts)
+    : m_url(std::move(url)), m_format(format), m_parts(std::move(parts))
+{
+    m_mailbox->recorder = this;
+}
+
+PulseRecorder::~PulseRecorder()
+{
+    stop();
+    const std::lock_guard lock(m_mailbox->mutex);
+    m_mailbox->recorder = nullptr;
+}
+
+bool PulseRecorder::prepareToRecord()
+{
+    if (m_state != State::New)
+        return false;
+    FileFailure failure;
+    auto file = RecordingFile::create(m_url, &failure);
+    if (!file) {
+        const auto trouble = failure.isDiskFull() ? RecordingTrouble::DiskFull : RecordingTrouble::CannotWrite;
+        // Queued like all news: the caller is not done with preparing yet.
+        deliver(m_mailbox, [trouble, detail = failure.detail](PulseRecorder *recorder) {
+            Q_EMIT recorder->troubleOccurred(trouble, detail);
+        });
+        return false;
+    }
+    m_url = file->url();
+    m_state = State::Prepared;
+    startJob(std::move(*file));
+    return true;
+}
+
+void PulseRecorder::startJob(RecordingFile file)
+{
+    const auto mailbox = m_mailbox;
+    const auto tellTroubleFromAnywhere = [mailbox](RecordingTrouble trouble, const QString &detail) {
+        deliver(mailbox, [=](PulseRecorder *recorder) { recorder->tellTrouble(trouble, detail); });
+    };
+    m_capture = m_parts.startCapture();
+    m_capture->setEvents(
+        {[mailbox] { deliver(mailbox, [](PulseRecorder *recorder) { Q_EMIT recorder->captureStarted(); }); },
+         tellTroubleFromAnywhere});
+    const auto tellFinishedFromAnywhere = [mailbox](bool kept) {
+        deliver(mailbox, [kept](PulseRecorder *recorder) { recorder->tellFinished(kept); });
+    };
+    auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, m_parts.journal,
+                                                                  std::move(file), m_format, tellTroubleFromAnywhere,
+                                                                  tellFinishedFromAnywhere});
+    m_parts.jobs->run([job] { job->run(); });
+}
+
+void PulseRecorder::deliver(const std::shared_ptr<Mailbox> &mailbox, std::function<void(PulseRecorder *)> news)
+{
+    const std::lock_guard lock(mailbox->mutex);
+    if (PulseRecorder *recorder = mailbox->recorder)
+        QMetaObject::invokeMethod(
+            recorder, [recorder, news = std::move(news)] { news(recorder); }, Qt::QueuedConnection);
+}
+
+bool PulseRecorder::isRunning() const
+{
+    return m_state == State::Prepared || m_state == State::Recording || m_state == State::Paused;
+}
+
+bool PulseRecorder::record()
+{
+    if (m_state != State::Prepared && m_state != State::Paused)
+        return m_state == State::Recording;
+    m_capture->resume();
+    m_state = State::Recording;
+    return true;
+}
+
+void PulseRecorder::pause()
+{
+    if (m_state != State::Recording)
+        return;
+    m_capture->pause();
+    m_state = State::Paused;
+}
+
+void PulseRecorder::stop()
+{
+    if (!isRunning())
+        return;
+    m_capture->stop();
+    m_state = State::Finishing;
+}
+
+double PulseRecorder::currentTime() const
+{
+    return m_capture ? double(m_capture->capturedSamples()) / CaptureStream::sampleRate : 0.0;
+}
+
+void PulseRecorder::updateMeters()
+{
+    m_power = m_metering && m_capture ? m_capture->decibels() : LevelMeter::silence;
+}
+
+float PulseRecorder::averagePower(int channel) const
+{
+    return channel == 0 ? m_power : LevelMeter::silence;
+}
+
+void PulseRecorder::tellTrouble(RecordingTrouble trouble, const QString &detail)
+{
+    if (isRunning())
+        m_state = State::Finishing;
+    Q_EMIT troubleOccurred(trouble, detail);
+}
+
+void PulseRecorder::tellFinished(bool kept)
+{
+    m_state = State::Finished;
+    Q_EMIT finished(kept);
+}
+
+} // namespace kest

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/AudioFileRecorder.h"
+#include "platform/AudioHardware.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+
+namespace kest {
+
+class EncoderLoader;
+class PulseContext;
+
+/// How recorders are made. The defaults are what the program uses.
+struct PulseSoundOptions {
+    QString applicationName = QStringLiteral("Kest");
+    QByteArray journalFolder;                ///< Native path; empty: under XDG_STATE_HOME.
+    std::shared_ptr<EncoderLoader> encoders; ///< Null: the installed plugin.
+};
+
+/// The sound server as the program sees it: recorders and hardware queries over
+/// one connection, which is made in the background and never waited for.
+struct PulseSound {
+    std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
+    std::unique_ptr<AudioHardware> audioHardware;
+};
+
+/// Main thread. Returns at once, whatever state the sound server is in.
+PulseSound makePulseSound(const PulseSoundOptions &options = {});
+
+} // namespace kest

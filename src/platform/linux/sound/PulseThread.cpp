@@ -1,0 +1,92 @@
+#include "platform/linux/sound/PulseThread.h"
+
+#include <pulse/timeval.h>
+
+#include <pthread.h>
+
+#include <utility>
+
+namespace kest {
+
+PulseThread::PulseThread() : m_loop(pa_mainloop_new()), m_api(pa_mainloop_get_api(m_loop))
+{
+    // An event of our own: pa_mainloop_wakeup is forgotten when it comes just before the loop goes to sleep.
+    m_event = m_api->io_new(
+        m_api, m_wakeUp.descriptor(), PA_IO_EVENT_INPUT,
+        [](pa_mainloop_api *, pa_io_event *, int, pa_io_event_flags_t, void *self) {
+            static_cast<PulseThread *>(self)->runTasks();
+        },
+        this);
+    m_thread = std::thread([this] { run(); });
+}
+
+PulseThread::~PulseThread()
+{
+    post([this] { m_quit = true; });
+    m_thread.join();
+    m_api->io_free(m_event);
+    pa_mainloop_free(m_loop);
+}
+
+void PulseThread::post(Task task)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.push_back(std::move(task));
+    }
+    m_wakeUp.wake();
+}
+
+void PulseThread::run()
+{
+    pthread_setname_np(pthread_self(), "kest-capture");
+    while (!m_quit && pa_mainloop_iterate(m_loop, 1, nullptr) >= 0) { }
+    while (runTasks()) { }
+}
+
+bool PulseThread::runTasks()
+{
+    m_wakeUp.clear();
+    std::vector<Task> tasks;
+    {
+        const std::lock_guard lock(m_mutex);
+        tasks.swap(m_tasks);
+    }
+    for (const Task &task : tasks)
+        task();
+    return !tasks.empty();
+}
+
+PulseTimer::PulseTimer(PulseThread &thread, std::function<void()> expired)
+    : m_api(thread.api()), m_expired(std::move(expired))
+{
+}
+
+PulseTimer::~PulseTimer()
+{
+    cancel();
+}
+
+void PulseTimer::setSingleShot(int milliseconds)
+{
+    timeval when = {};
+    pa_timeval_add(pa_gettimeofday(&when), pa_usec_t(milliseconds) * PA_USEC_PER_MSEC);
+    if (m_event) {
+        m_api->time_restart(m_event, &when);
+        return;
+    }
+    m_event = m_api->time_new(
+        m_api, &when,
+        [](pa_mainloop_api *, pa_time_event *, const timeval *, void *self) {
+            static_cast<PulseTimer *>(self)->m_expired();
+        },
+        this);
+}
+
+void PulseTimer::cancel()
+{
+    if (m_event)
+        m_api->time_free(std::exchange(m_event, nullptr));
+}
+
+} // namespace kest

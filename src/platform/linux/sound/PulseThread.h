@@ -1,0 +1,70 @@
+#pragma once
+
+#include "platform/linux/sound/WakeUp.h"
+
+#include <pulse/mainloop.h>
+
+#include <functional>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+namespace kest {
+
+/// The thread on which everything that concerns the sound server happens.
+///
+/// Others never touch a libpulse object: they post tasks. Posting takes a queue
+/// operation and never waits for the thread, so a server that stalls, or a
+/// library call that blocks, blocks nobody else.
+class PulseThread
+{
+public:
+    using Task = std::function<void()>;
+
+    PulseThread();
+
+    /// Runs what is posted, and what that posts, then ends the thread.
+    ~PulseThread();
+    PulseThread(const PulseThread &) = delete;
+    PulseThread &operator=(const PulseThread &) = delete;
+
+    /// Any thread. Tasks run in the order of posting.
+    void post(Task task);
+
+    /// For use on the thread itself.
+    pa_mainloop_api *api() const { return m_api; }
+
+private:
+    void run();
+    bool runTasks(); // false when there were none
+
+    pa_mainloop *m_loop = nullptr;
+    pa_mainloop_api *m_api = nullptr;
+    pa_io_event *m_event = nullptr;
+    WakeUp m_wakeUp;
+    std::mutex m_mutex; // held for the length of a queue operation
+    std::vector<Task> m_tasks;
+    bool m_quit = false; // the thread's own
+    std::thread m_thread;
+};
+
+/// Calls back on the PulseThread after a while. Made, set and destroyed there.
+class PulseTimer
+{
+public:
+    PulseTimer(PulseThread &thread, std::function<void()> expired);
+    ~PulseTimer();
+    PulseTimer(const PulseTimer &) = delete;
+    PulseTimer &operator=(const PulseTimer &) = delete;
+
+    /// Expires once, `milliseconds` from now; replaces an earlier setting.
+    void setSingleShot(int milliseconds);
+    void cancel();
+
+private:
+    pa_mainloop_api *m_api;
+    pa_time_event *m_event = nullptr;
+    std::function<void()> m_expired;
+};
+
+} // namespace kest

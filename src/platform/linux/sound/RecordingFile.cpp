@@ -1,0 +1,155 @@
+#include "platform/linux/sound/RecordingFile.h"
+
+#include <climits>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace kest {
+
+namespace {
+
+constexpr mode_t fileMode = 0666; // the person's umask decides
+constexpr int mostNames = 1000;
+
+/// "a.m4a" is followed by "a 2.m4a".
+QByteArray numberedName(const QByteArray &name, int number)
+{
+    if (number == 1)
+        return name;
+    const qsizetype dot = name.lastIndexOf('.');
+    const QByteArray suffix = " " + QByteArray::number(number);
+    return dot > 0 ? name.left(dot) + suffix + name.mid(dot) : name + suffix;
+}
+
+Descriptor openFolder(const QByteArray &path)
+{
+    return Descriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+}
+
+} // namespace
+
+Descriptor::~Descriptor()
+{
+    if (m_number >= 0)
+        close(m_number);
+}
+
+Descriptor &Descriptor::operator=(Descriptor &&other) noexcept
+{
+    std::swap(m_number, other.m_number);
+    return *this;
+}
+
+std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFailure *failure)
+{
+    RecordingFile made;
+    made.m_folder = openFolder(wanted.deletingLastPathComponent().nativePath());
+    const QByteArray wantedName = wanted.nativeLastPathComponent();
+    for (int number = 1; made.m_folder.isValid() && !made.m_file.isValid() && number <= mostNames; ++number) {
+        made.m_name = numberedName(wantedName, number);
+        made.m_file = Descriptor(
+            openat(made.m_folder.get(), made.m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, fileMode));
+        if (!made.m_file.isValid() && errno != EEXIST)
+            break;
+    }
+    struct stat status = {};
+    if (!made.m_file.isValid() || fstat(made.m_file.get(), &status) < 0) {
+        *failure = FileFailure::fromErrno(errno);
+        return std::nullopt;
+    }
+    made.m_device = status.st_dev;
+    made.m_inode = status.st_ino;
+    made.m_url = wanted.deletingLastPathComponent().appendingNativePathComponent(made.m_name);
+    return made;
+}
+
+std::optional<RecordingFile> RecordingFile::open(const FileURL &file, FileFailure *failure)
+{
+    RecordingFile opened;
+    opened.m_url = file;
+    opened.m_name = file.nativeLastPathComponent();
+    opened.m_folder = openFolder(file.deletingLastPathComponent().nativePath());
+    if (opened.m_folder.isValid())
+        opened.m_file = Descriptor(openat(opened.m_folder.get(), opened.m_name.constData(),
+                                          O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    struct stat status = {};
+    if (!opened.m_file.isValid() || fstat(opened.m_file.get(), &status) < 0) {
+        *failure = FileFailure::fromErrno(errno);
+        return std::nullopt;
+    }
+    opened.m_device = status.st_dev;
+    opened.m_inode = status.st_ino;
+    return opened;
+}
+
+bool RecordingFile::isHere() const
+{
+    struct stat status = {};
+    return fstatat(m_folder.get(), m_name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0
+        && status.st_ino == m_inode && status.st_dev == m_device;
+}
+
+bool RecordingFile::locate()
+{
+    if (isHere())
+        return true;
+    // Renamed or moved by somebody: the kernel knows where the open file is now.
+    const QByteArray link = "/proc/self/fd/" + QByteArray::number(m_file.get());
+    QByteArray path(PATH_MAX, '\0');
+    const ssize_t length = readlink(link.constData(), path.data(), size_t(path.size()));
+    if (length <= 0)
+        return false;
+    path.truncate(length);
+    const FileURL found = FileURL::fromNativePath(path);
+    Descriptor folder = openFolder(found.deletingLastPathComponent().nativePath());
+    if (!folder.isValid())
+        return false;
+    m_folder = std::move(folder);
+    m_name = found.nativeLastPathComponent();
+    return isHere();
+}
+
+QByteArray RecordingFile::replacementName() const
+{
+    // By inode, not by name: a name of 255 bytes leaves no room, and the next start must find it again.
+    return ".kest-" + QByteArray::number(m_inode) + ".finishing";
+}
+
+Descriptor RecordingFile::createReplacement(FileFailure *failure)
+{
+    Descriptor made(openat(m_folder.get(), replacementName().constData(),
+                           O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, fileMode));
+    if (!made.isValid())
+        *failure = FileFailure::fromErrno(errno);
+    return made;
+}
+
+std::optional<FileFailure> RecordingFile::replace(const Descriptor &replacement)
+{
+    struct stat status = {};
+    fstat(m_file.get(), &status);
+    const timespec times[] = {status.st_atim, status.st_mtim}; // it was spoken then, whenever it is finished
+    fchmod(replacement.get(), status.st_mode & 07777);
+    futimens(replacement.get(), times);
+    if (fsync(replacement.get()) < 0)
+        return FileFailure::fromErrno(errno);
+    if (renameat(m_folder.get(), replacementName().constData(), m_folder.get(), m_name.constData()) < 0)
+        return FileFailure::fromErrno(errno);
+    // A file system that cannot do this has its own order of things; the file itself is safe.
+    fsync(m_folder.get());
+    return std::nullopt;
+}
+
+void RecordingFile::removeReplacement()
+{
+    unlinkat(m_folder.get(), replacementName().constData(), 0);
+}
+
+void RecordingFile::remove()
+{
+    if (locate())
+        unlinkat(m_folder.get(), m_name.constData(), 0);
+}
+
+} // namespace kest

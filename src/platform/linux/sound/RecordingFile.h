@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/FileURL.h"
+#include "platform/linux/sound/FileFailure.h"
+
+#include <QByteArray>
+
+#include <optional>
+#include <utility>
+
+namespace kest {
+
+/// An owned file descriptor.
+class Descriptor
+{
+public:
+    Descriptor() = default;
+    explicit Descriptor(int number) : m_number(number) { }
+    ~Descriptor();
+    Descriptor(Descriptor &&other) noexcept : m_number(std::exchange(other.m_number, -1)) { }
+    Descriptor &operator=(Descriptor &&other) noexcept;
+
+    int get() const { return m_number; }
+    bool isValid() const { return m_number >= 0; }
+
+private:
+    int m_number = -1;
+};
+
+/// The file of one recording, held open with its folder, so that it stays the
+/// same file while folders are moved or renamed under it.
+///
+/// Moves between threads as a whole; used by one at a time.
+class RecordingFile
+{
+public:
+    /// Makes a new file. When the name is taken, one like it is made ("name
+    /// 2.m4a"): a recording never overwrites anything.
+    static std::optional<RecordingFile> create(const FileURL &wanted, FileFailure *failure);
+
+    /// Opens one that an earlier run left.
+    static std::optional<RecordingFile> open(const FileURL &file, FileFailure *failure);
+
+    int descriptor() const { return m_file.get(); }
+
+    /// Where it was made or opened.
+    const FileURL &url() const { return m_url; }
+
+    quint64 device() const { return m_device; }
+    quint64 inode() const { return m_inode; }
+
+    /// The file's present name in its present folder; follows both when they
+    /// were renamed meanwhile. False when the file was deleted.
+    bool locate();
+
+    /// After `locate`: a hidden new file beside this one, to be put in its place.
+    Descriptor createReplacement(FileFailure *failure);
+
+    /// Puts the written replacement in place of this file, so that at every
+    /// moment, power cuts included, one of the two is there whole.
+    std::optional<FileFailure> replace(const Descriptor &replacement);
+
+    void removeReplacement();
+
+    /// Takes the file away.
+    void remove();
+
+private:
+    RecordingFile() = default;
+
+    bool isHere() const;
+    QByteArray replacementName() const;
+
+    FileURL m_url;
+    Descriptor m_folder;
+    Descriptor m_file;
+    QByteArray m_name;
+    quint64 m_device = 0;
+    quint64 m_inode = 0;
+};
+
+} // namespace kest

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "platform/linux/sound/EncoderPlugin.h"
+#include "platform/linux/sound/RecordingFile.h"
+
+#include <optional>
+
+namespace kest {
+
+/// Turns a recording that is complete, or cut off, into an ordinary file under
+/// the same name. Lasts `sampleCount` samples; null: all that is there. Blocks
+/// for as long as the disk needs. After a failure the recording is as it was:
+/// playable, but not ordinary.
+std::optional<FileFailure> finishRecording(RecordingFile &file, EncoderPlugin &plugin,
+                                           std::optional<qint64> sampleCount);
+
+/// True when the file behind `file` holds a movie fragment, so was not finished.
+bool isFragmented(int file);
+
+} // namespace kest

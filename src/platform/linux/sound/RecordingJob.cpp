@@ -1,0 +1,100 @@
+#include "platform/linux/sound/RecordingJob.h"
+
+#include "platform/linux/sound/FileSyncer.h"
+#include "platform/linux/sound/RecordingFinisher.h"
+
+#include <QLoggingCategory>
+
+#include <array>
+
+namespace kest {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logRecording, "kest.recording")
+
+constexpr int waitMilliseconds = 100;
+
+} // namespace
+
+void RecordingJob::run()
+{
+    m_entry = m_parts.journal->remember(m_parts.file);
+    if (!m_entry)
+        qCWarning(logRecording, "A crash would leave this recording unfinished: it could not be remembered");
+    encode();
+    const bool kept = finish();
+    m_writer.reset();
+    m_parts.finished(kept);
+}
+
+void RecordingJob::encode()
+{
+    if (!openWriter())
+        return;
+    const FileSyncer syncer(m_parts.file.descriptor());
+    std::array<float, 4096> samples = {};
+    while (!m_failed) {
+        // Asked before the ring is read: what was captured before the end is in the ring then.
+        const bool ended = m_parts.capture->hasEnded();
+        const qsizetype count = m_parts.capture->read(samples.data(), qsizetype(samples.size()), waitMilliseconds);
+        if (count == 0 && ended)
+            break;
+        if (count == 0)
+            continue;
+        if (const auto failure = m_writer->write(samples.data(), count))
+            writeFailed(*failure);
+        else
+            m_written += count;
+    }
+    if (m_failed || m_written == 0)
+        return;
+    if (const auto failure = m_writer->close())
+        writeFailed(*failure);
+}
+
+bool RecordingJob::openWriter()
+{
+    QString problem;
+    m_plugin = m_parts.encoders->load(&problem);
+    FileFailure failure;
+    if (m_plugin)
+        m_writer = m_plugin->createWriter(m_parts.file.descriptor(), m_parts.format, &failure);
+    if (!m_writer)
+        m_parts.capture->abort(RecordingTrouble::EncoderMissing, m_plugin ? failure.detail : problem);
+    return m_writer != nullptr;
+}
+
+void RecordingJob::writeFailed(const FileFailure &failure)
+{
+    m_failed = true;
+    const auto trouble = failure.isDiskFull() ? RecordingTrouble::DiskFull : RecordingTrouble::CannotWrite;
+    if (m_parts.capture->hasEnded())
+        m_parts.troubleOccurred(trouble, failure.detail);
+    else
+        m_parts.capture->abort(trouble, failure.detail);
+}
+
+bool RecordingJob::finish()
+{
+    const bool kept = m_written > 0 && isFragmented(m_parts.file.descriptor());
+    if (!kept) {
+        m_parts.file.remove();
+        if (m_entry)
+            m_entry->done();
+        return false;
+    }
+    // After a failure the file ends with its last whole fragment: then the packets tell how long it is.
+    const auto count = m_failed ? std::nullopt : std::optional(m_written);
+    if (const auto failure = finishRecording(m_parts.file, *m_plugin, count)) {
+        qCWarning(logRecording, "A recording stays unfinished: %ls", qUtf16Printable(failure->detail));
+        if (!m_failed)
+            writeFailed(*failure);
+        return m_parts.file.locate();
+    }
+    if (m_entry)
+        m_entry->done();
+    return true;
+}
+
+} // namespace kest

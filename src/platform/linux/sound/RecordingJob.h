@@ -1,0 +1,49 @@
+#pragma once
+
+#include "platform/AudioFileRecorder.h"
+#include "platform/linux/sound/CaptureSession.h"
+#include "platform/linux/sound/EncoderLoader.h"
+#include "platform/linux/sound/RecordingFile.h"
+#include "platform/linux/sound/RecordingJournal.h"
+
+#include <functional>
+#include <memory>
+
+namespace kest {
+
+/// Brings one capture into its file: encodes while it lasts, then finishes the
+/// file. Runs on a thread of its own and owns all it uses, so it comes to its
+/// end also when the recorder, or the window, is gone.
+class RecordingJob
+{
+public:
+    struct Parts {
+        std::shared_ptr<CaptureSession> capture;
+        std::shared_ptr<EncoderLoader> encoders;
+        std::shared_ptr<RecordingJournal> journal;
+        RecordingFile file;
+        EncoderFormat format;
+        std::function<void(RecordingTrouble trouble, const QString &detail)> troubleOccurred; ///< On the job's thread.
+        std::function<void(bool kept)> finished; ///< On the job's thread, once, last.
+    };
+
+    explicit RecordingJob(Parts parts) : m_parts(std::move(parts)) { }
+
+    /// The whole work; returns when the file is closed for good.
+    void run();
+
+private:
+    void encode();
+    bool openWriter();
+    void writeFailed(const FileFailure &failure);
+    bool finish();
+
+    Parts m_parts;
+    EncoderPlugin *m_plugin = nullptr;
+    std::unique_ptr<RecordingWriter> m_writer;
+    std::unique_ptr<RecordingJournal::Entry> m_entry;
+    qint64 m_written = 0; // samples
+    bool m_failed = false;
+};
+
+} // namespace kest

@@ -1,0 +1,32 @@
+#include "platform/linux/sound/RecordingJobs.h"
+
+#include <pthread.h>
+
+#include <thread>
+
+namespace kest {
+
+void RecordingJobs::run(std::function<void()> job)
+{
+    {
+        const std::lock_guard lock(m_mutex);
+        ++m_running;
+    }
+    // Detached: it may outlive everything but the process. Whatever it uses, it owns.
+    std::thread([self = shared_from_this(), job = std::move(job)]() mutable {
+        pthread_setname_np(pthread_self(), "kest-recording");
+        job();
+        job = nullptr;
+        const std::lock_guard lock(self->m_mutex);
+        --self->m_running;
+        self->m_ended.notify_all();
+    }).detach();
+}
+
+bool RecordingJobs::waitForAll(int milliseconds)
+{
+    std::unique_lock lock(m_mutex);
+    return m_ended.wait_for(lock, std::chrono::milliseconds(milliseconds), [this] { return m_running == 0; });
+}
+
+} // namespace kest

@@ -1,0 +1,120 @@
+#include "platform/linux/sound/RecordingRecovery.h"
+
+#include "platform/linux/sound/RecordingFinisher.h"
+
+#include <QLoggingCategory>
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace kest {
+
+namespace {
+
+Q_LOGGING_CATEGORY(logRecovery, "kest.recovery")
+
+constexpr int mostEntriesLookedAt = 20'000; // over all folders
+
+bool exists(const FolderURL &folder)
+{
+    struct stat status = {};
+    return stat(folder.nativePath().constData(), &status) == 0;
+}
+
+/// The regular file with this inode in `folder`, whatever its name; empty when there is none.
+FileURL fileWithInode(const FolderURL &folder, quint64 inode, int *budget)
+{
+    DIR *listing = opendir(folder.nativePath().constData());
+    if (!listing)
+        return {};
+    FileURL found;
+    while (const dirent *entry = readdir(listing)) {
+        if (--*budget < 0)
+            break;
+        if (entry->d_ino == inode && (entry->d_type == DT_REG || entry->d_type == DT_UNKNOWN)) {
+            found = folder.appendingNativePathComponent(entry->d_name);
+            break;
+        }
+    }
+    closedir(listing);
+    return found;
+}
+
+QList<FolderURL> foldersIn(const FolderURL &parent)
+{
+    QList<FolderURL> found;
+    DIR *listing = opendir(parent.nativePath().constData());
+    while (const dirent *entry = listing ? readdir(listing) : nullptr) {
+        const QByteArray name = entry->d_name;
+        if ((entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN) && name != "." && name != "..")
+            found.append(parent.appendingNativePathComponent(name));
+    }
+    if (listing)
+        closedir(listing);
+    return found;
+}
+
+} // namespace
+
+RecordingRecovery::RecordingRecovery(std::shared_ptr<EncoderLoader> encoders, QList<FolderURL> folders)
+    : m_encoders(std::move(encoders)), m_folders(std::move(folders))
+{
+}
+
+void RecordingRecovery::finish(std::vector<std::unique_ptr<RecordingJournal::Entry>> entries)
+{
+    for (const auto &entry : entries) {
+        if (finishOne(*entry) == Outcome::Done)
+            entry->done();
+    }
+}
+
+RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::Entry &entry)
+{
+    auto file = find(entry);
+    if (!file) {
+        // With its folder there, the recording was deleted; without, its disk may only be away.
+        return exists(entry.file().deletingLastPathComponent()) ? Outcome::Done : Outcome::TryAgainLater;
+    }
+    if (!isFragmented(file->descriptor())) {
+        struct stat status = {};
+        if (fstat(file->descriptor(), &status) == 0 && status.st_size == 0)
+            file->remove(); // ended before anything was heard
+        return Outcome::Done;
+    }
+    QString problem;
+    EncoderPlugin *plugin = m_encoders->load(&problem);
+    const auto failure = plugin ? finishRecording(*file, *plugin, std::nullopt) : FileFailure{0, problem};
+    if (!failure)
+        return Outcome::Done;
+    qCWarning(logRecovery, "A recording stays unfinished: %ls", qUtf16Printable(failure->detail));
+    return Outcome::TryAgainLater;
+}
+
+std::optional<RecordingFile> RecordingRecovery::find(const RecordingJournal::Entry &entry) const
+{
+    FileFailure failure;
+    // Under its old name it is taken whatever its inode: it may have come back from a backup.
+    if (auto file = RecordingFile::open(entry.file(), &failure))
+        return file;
+    int budget = mostEntriesLookedAt;
+    for (const FolderURL &folder : placesFor(entry.file())) {
+        const FileURL found = fileWithInode(folder, entry.inode(), &budget);
+        if (found.isEmpty() || found.pathExtension() != entry.file().pathExtension())
+            continue;
+        auto file = RecordingFile::open(found, &failure);
+        if (file && isFragmented(file->descriptor()))
+            return file;
+    }
+    return std::nullopt;
+}
+
+QList<FolderURL> RecordingRecovery::placesFor(const FileURL &file) const
+{
+    const FolderURL folder = file.deletingLastPathComponent();
+    // Renamed in its folder; in the folder of today's recordings; or with its folder, which got another name.
+    return QList<FolderURL>{folder} + m_folders + foldersIn(folder.deletingLastPathComponent());
+}
+
+} // namespace kest

@@ -1,0 +1,53 @@
+#include "RecorderBench.h"
+
+#include "support/VirtualMicrophone.h"
+
+#include <QTest>
+
+#include <cmath>
+
+using namespace kest;
+using namespace kest::test;
+
+/// What comes out of an ordinary recording, by the word of independent tools.
+class RecordingTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void fileIsAnOrdinaryAacFile();
+    void fileLastsExactlyTheCapturedSamples();
+};
+
+void RecordingTest::fileIsAnOrdinaryAacFile()
+{
+    const VirtualMicrophone microphone(sine(440, 0.5));
+    RecorderBench bench;
+    QVERIFY(bench.recordFor(0.6));
+    const FileURL file = bench.recorder->url();
+    QCOMPARE(probe(file, QStringLiteral("stream=codec_name")), "aac");
+    QCOMPARE(probe(file, QStringLiteral("stream=profile")), "LC");
+    QCOMPARE(probe(file, QStringLiteral("stream=channels")), "1");
+    QCOMPARE(probe(file, QStringLiteral("stream=sample_rate")), "44100");
+    QCOMPARE(probe(file, QStringLiteral("format_tags=major_brand")), "M4A");
+    const QList<QByteArray> boxes = outermostBoxes(file);
+    QVERIFY(boxes.indexOf("moov") >= 0);
+    QVERIFY(boxes.indexOf("moov") < boxes.indexOf("mdat"));
+    QVERIFY(!boxes.contains("moof"));
+    QFile opened(file.path());
+    QVERIFY(opened.open(QIODevice::ReadOnly));
+    QVERIFY(!opened.readAll().contains("mvex"));
+}
+
+void RecordingTest::fileLastsExactlyTheCapturedSamples()
+{
+    const VirtualMicrophone microphone(sine(440, 0.5));
+    RecorderBench bench;
+    for (const double seconds : {0.1, 0.3, 1.0}) {
+        QVERIFY(bench.recordFor(seconds));
+        QCOMPARE(probedSamples(bench.recorder->url()), std::llround(bench.recorder->currentTime() * 44100));
+    }
+}
+
+QTEST_GUILESS_MAIN(RecordingTest)
+#include "tst_recording.moc"
