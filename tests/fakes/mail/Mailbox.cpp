@@ -32,7 +32,7 @@ QJsonObject asJson(const Attached &attachment)
     constexpr qsizetype small = 1024 * 1024;
     const QByteArray hash = QCryptographicHash::hash(attachment.bytes, QCryptographicHash::Sha256);
     QJsonObject object{{u"name"_s, attachment.name},
-                       {u"index"_s, static_cast<qint64>(attachment.index)},
+                       {u"index"_s, QString::number(attachment.index)},
                        {u"size"_s, attachment.bytes.size()},
                        {u"sha256"_s, QString::fromLatin1(hash.toHex())}};
     if (attachment.bytes.size() <= small)
@@ -73,9 +73,9 @@ QStringList texts(const QJsonValue &list)
 
 void Outgoing::insert(Attached attachment)
 {
-    attachment.index = std::min(attachment.index, static_cast<quint64>(content.size()));
+    const auto placeOf = [&](const Attached &each) { return std::min(each.index, static_cast<quint64>(content.size())); };
     const auto place = std::find_if(attachments.begin(), attachments.end(),
-                                    [&](const Attached &each) { return each.index >= attachment.index; });
+                                    [&](const Attached &each) { return placeOf(each) >= placeOf(attachment); });
     attachments.insert(place, attachment);
 }
 

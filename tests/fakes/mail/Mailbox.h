@@ -13,7 +13,7 @@ using Addresses = QList<QPair<QString, QString>>; // name and address
 struct Attached {
     QString name;
     QByteArray bytes;
-    quint64 index = 0;
+    quint64 index = 0; ///< As it was asked for.
 };
 
 /// A message that is being written.
