@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QTimer>
 
-namespace kest {
+namespace kest::test {
 
 FakeAudioFileRecorder::FakeAudioFileRecorder(const FileURL &url, const AudioRecorderSettings &settings,
                                              FakeAudioFileRecorderFactory &factory)
@@ -93,4 +93,4 @@ std::unique_ptr<AudioFileRecorder> FakeAudioFileRecorderFactory::create(const Fi
     return recorder;
 }
 
-} // namespace kest
+} // namespace kest::test

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace kest {
+namespace kest::test {
 
 class FakeAudioFileRecorderFactory;
 
@@ -76,4 +76,4 @@ public:
     std::optional<int> finishDelay;
 };
 
-} // namespace kest
+} // namespace kest::test

@@ -2,7 +2,7 @@
 
 #include "platform/Clock.h"
 
-namespace kest {
+namespace kest::test {
 
 /// A clock that stands still until it is told otherwise.
 class FakeClock : public Clock
@@ -16,4 +16,4 @@ private:
     QDateTime m_now{QDate(2024, 3, 5), QTime(14, 7, 9)};
 };
 
-} // namespace kest
+} // namespace kest::test

@@ -5,6 +5,7 @@
 #include <QtTest>
 
 using namespace kest;
+using namespace kest::test;
 
 class TestAudioRecorder : public QObject
 {

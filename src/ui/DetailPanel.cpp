@@ -1,0 +1,73 @@
+#include "ui/DetailPanel.h"
+
+#include "ui/Wording.h"
+#include "ui_MainWindow.h"
+
+#include <QFile>
+#include <QLocale>
+
+#include <sys/stat.h>
+
+namespace kest {
+
+namespace {
+
+/// Bytes; nothing when there is no such file.
+std::optional<qint64> fileSize(const FileURL &file)
+{
+    struct stat status = {};
+    if (file.isEmpty() || ::stat(file.nativePath().constData(), &status) != 0)
+        return std::nullopt;
+    return status.st_size;
+}
+
+} // namespace
+
+DetailPanel::DetailPanel(Ui::MainWindow &ui, QObject *parent)
+    : QObject(parent)
+    , m_ui(ui)
+{
+    showFile({}, {}, false);
+    showMailApplication({});
+}
+
+void DetailPanel::showFile(const FileURL &file, const QString &facts, bool playable)
+{
+    m_recording = file;
+    m_ui.recordingNameField->setText(file.isEmpty() ? tr("None yet") : file.lastPathComponent());
+    m_ui.recordingNameField->setToolTip(file.displayPath());
+    m_ui.recordingFactsField->setText(facts);
+    m_ui.listenButton->setEnabled(playable);
+    m_ui.showInFolderButton->setEnabled(!file.isEmpty());
+}
+
+void DetailPanel::showRecordingUnderWay(const FileURL &file)
+{
+    showFile(file, tr("Being recorded"), false);
+}
+
+void DetailPanel::showRecording(const FileURL &file, std::optional<double> seconds)
+{
+    const std::optional<qint64> size = fileSize(file);
+    if (!size)
+        return showFile({}, {}, false);
+    QStringList facts;
+    if (seconds)
+        facts.append(lengthText(*seconds));
+    facts.append(QLocale().formattedDataSize(*size, 1, QLocale::DataSizeSIFormat));
+    showFile(file, facts.join(QStringLiteral("  ·  ")), true);
+}
+
+void DetailPanel::showMailApplication(const QString &name)
+{
+    m_ui.mailStateField->setText(name.isEmpty() ? tr("Not connected. Your first message starts the mail application.")
+                                                : tr("%1 is connected.").arg(name));
+}
+
+void DetailPanel::showAccount(const QString &account)
+{
+    m_ui.mailAccountField->setText(account.isEmpty() ? tr("Sends from the default account.")
+                                                     : tr("Sends from %1.").arg(account));
+}
+
+} // namespace kest

@@ -1,0 +1,240 @@
+#include "ui/MainWindowController.h"
+
+#include "app/LocalizedStrings.h"
+#include "app/SettingsTable.h"
+#include "app/UserDefaults.h"
+#include "platform/ProcessInfo.h"
+#include "ui/Bindings.h"
+#include "ui/DetailPanel.h"
+#include "ui/WindowSizer.h"
+#include "ui/controls/Icons.h"
+#include "ui_MainWindow.h"
+
+#include <QEvent>
+#include <QMenu>
+
+namespace kest {
+
+namespace {
+
+const QString noTime = QStringLiteral("--:--");
+
+// One-character key equivalents of the disclosure triangle.
+const QChar rightArrowFunctionKey(0xF703);
+const QChar leftArrowFunctionKey(0xF702);
+
+/// Stores, announces, and says whether anything changed.
+template <typename Value>
+bool replace(Value &stored, const Value &value)
+{
+    if (stored == value)
+        return false;
+    stored = value;
+    return true;
+}
+
+} // namespace
+
+MainWindowController::MainWindowController(const MainWindowDependencies &dependencies, QObject *parent)
+    : QObject(parent)
+    , m_dependencies(dependencies)
+    , m_window(std::make_unique<QWidget>())
+    , m_ui(std::make_unique<Ui::MainWindow>())
+{
+    loadWindow();
+    awakeFromNib();
+    windowDidLoad();
+}
+
+MainWindowController::~MainWindowController()
+{
+    invalidateStatusTimer();
+}
+
+void MainWindowController::loadWindow()
+{
+    m_ui->setupUi(m_window.get());
+    m_window->setWindowIcon(iconNamed(QStringLiteral("org.kest.Kest")));
+    m_window->installEventFilter(this);
+    applyFonts();
+    m_sizer = new WindowSizer(m_window.get(), this);
+    connect(m_sizer, &WindowSizer::reached, this, &MainWindowController::hideCollapsedPart);
+    m_details = std::make_unique<DetailPanel>(*m_ui);
+    m_bindings = std::make_unique<Bindings>(*this, m_dependencies.userDefaults);
+    m_bindings->registerClass(QStringLiteral("ASMail"), [this](QObject *owner) {
+        return new ASMail(m_dependencies.mailTransport, m_dependencies.alertPresenter, owner);
+    });
+    m_bindings->connectTree(*m_window);
+    connect(m_ui->recordButton, &QAbstractButton::pressed, this,
+            [this] { m_dependencies.recorderFactory.warmUp(); });
+    connectNotices();
+}
+
+void MainWindowController::awakeFromNib()
+{
+    m_attachmentsMenuImage = QStringLiteral("attach");
+    m_attachmentsMenuImageChosen = QStringLiteral("Tick");
+    m_heights = {.minHeight = 141.0, .expandedHeight = 321.0};
+    m_attachmentName = QString();
+    attachmentsMenu()->actions().constFirst()->setIcon(iconNamed(m_attachmentsMenuImage));
+    const bool expanded = m_dependencies.userDefaults.boolForKey(SettingsKeys::bWindowExpanded);
+    expanded ? disclosureTriangleOpen() : disclosureTriangleClose();
+    WindowFrame frame = m_sizer->frame();
+    const QPointF origin = m_window->property("frameOrigin").toPointF();
+    frame.x = origin.x();
+    frame.y = origin.y();
+    m_sizer->setFrame(initialFrame(frame, expanded, m_heights));
+}
+
+void MainWindowController::windowDidLoad()
+{
+    setRecordingActive(false);
+    setCanReplyOrCompose(false);
+    setRecordingExists(false);
+    setRecordingTime(localizedString(noTime));
+    m_mailController = std::make_unique<MailController>(m_dependencies.mailTransport, m_dependencies.alertPresenter);
+    applyTextColorRule();
+}
+
+void MainWindowController::applyTextColorRule()
+{
+    const std::optional<OperatingSystemVersion> version = m_dependencies.processInfo.operatingSystemVersion();
+    // Only the minor number counts, whatever the major one is: deliberately so.
+    if (version && version->minor >= 10)
+        return;
+    const QColor color = QColor::fromRgbF(1.0F, 1.0F, 1.0F, 0.8F);
+    inputNameField()->setTextColor(color);
+    timeField()->setTextColor(color);
+}
+
+void MainWindowController::showWindow()
+{
+    m_window->show();
+    m_window->raise();
+    m_window->activateWindow();
+}
+
+void MainWindowController::orderFront()
+{
+    if (!m_window->isVisible()) {
+        // A remapped window would be placed anew otherwise.
+        m_window->move(m_window->pos());
+        m_window->setAttribute(Qt::WA_ShowWithoutActivating);
+        m_window->show();
+        m_window->setAttribute(Qt::WA_ShowWithoutActivating, false);
+    }
+    m_window->raise();
+}
+
+void MainWindowController::orderOut()
+{
+    m_window->hide();
+}
+
+void MainWindowController::windowToggleExpanded()
+{
+    const ToggledFrame toggled = toggledFrame(m_sizer->frame(), m_heights);
+    toggled.expanded ? disclosureTriangleOpen() : disclosureTriangleClose();
+    if (toggled.expanded)
+        m_ui->detailPanel->show();
+    m_dependencies.userDefaults.setBool(toggled.expanded, SettingsKeys::bWindowExpanded);
+    m_sizer->animateToFrame(toggled.frame);
+}
+
+void MainWindowController::hideCollapsedPart()
+{
+    // What cannot be seen must not be reached by keyboard or screen reader.
+    m_ui->detailPanel->setVisible(m_sizer->frame().height > m_heights.minHeight);
+}
+
+void MainWindowController::disclosureTriangleClose()
+{
+    setDisclosureTriangle(QStringLiteral("disclosure-closed"), rightArrowFunctionKey, Qt::Key_Right, tr("Show More"));
+}
+
+void MainWindowController::disclosureTriangleOpen()
+{
+    setDisclosureTriangle(QStringLiteral("disclosure-opened"), leftArrowFunctionKey, Qt::Key_Left, tr("Show Less"));
+}
+
+void MainWindowController::setDisclosureTriangle(const QString &image, QChar keyEquivalent, Qt::Key key,
+                                                 const QString &name)
+{
+    ControlButton *triangle = disclosureTriangle();
+    triangle->setImage(image);
+    triangle->setAlternateImage(image + QStringLiteral("-alt"));
+    triangle->setProperty("keyEquivalent", QString(keyEquivalent));
+    triangle->setAccessibleName(name);
+    triangle->setHint(name);
+    triangle->setKeys(QKeySequence(key).toString(QKeySequence::PortableText));
+    m_bindings->setKeys(*triangle);
+}
+
+void MainWindowController::showPrefsSheet()
+{
+    m_notices.tell(NoticePlace::Subject::Hint, tr("Preferences come with the next release."));
+}
+
+void MainWindowController::openHelp()
+{
+    Q_EMIT helpRequested();
+}
+
+void MainWindowController::windowWillClose()
+{
+    Q_EMIT terminateRequested();
+}
+
+bool MainWindowController::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_window.get() && event->type() == QEvent::Close)
+        windowWillClose();
+    return QObject::eventFilter(watched, event);
+}
+
+void MainWindowController::removeAttachmentMenuSelection()
+{
+    m_attachmentName = QString();
+    attachmentsMenu()->actions().constFirst()->setIcon(iconNamed(m_attachmentsMenuImage));
+    attachmentPopUp()->update();
+}
+
+void MainWindowController::setRecordingActive(bool active)
+{
+    if (replace(m_recordingActive, active))
+        Q_EMIT recordingActiveChanged(active);
+}
+
+void MainWindowController::setSheetShowing(bool showing)
+{
+    if (replace(m_sheetShowing, showing))
+        Q_EMIT sheetShowingChanged(showing);
+}
+
+void MainWindowController::setRecordingExists(bool exists)
+{
+    if (replace(m_recordingExists, exists))
+        Q_EMIT recordingExistsChanged(exists);
+}
+
+void MainWindowController::setCanReplyOrCompose(bool can)
+{
+    if (replace(m_canReplyOrCompose, can))
+        Q_EMIT canReplyOrComposeChanged(can);
+}
+
+void MainWindowController::setRecordingTime(const QString &time)
+{
+    if (replace(m_recordingTime, time))
+        Q_EMIT recordingTimeChanged(time);
+}
+
+ReadoutField *MainWindowController::inputNameField() const { return m_ui->inputNameField; }
+ReadoutField *MainWindowController::timeField() const { return m_ui->timeField; }
+ControlButton *MainWindowController::pauseResumeButton() const { return m_ui->pauseResumeButton; }
+ControlButton *MainWindowController::disclosureTriangle() const { return m_ui->disclosureTriangle; }
+PullDownButton *MainWindowController::attachmentPopUp() const { return m_ui->attachmentPopUp; }
+QMenu *MainWindowController::attachmentsMenu() const { return m_ui->attachmentPopUp->menu(); }
+KestLevelsView *MainWindowController::levelsView() const { return m_ui->levelsView; }
+
+} // namespace kest

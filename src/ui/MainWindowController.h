@@ -1,0 +1,261 @@
+#pragma once
+
+#include "audio/AudioRecorder.h"
+#include "mail/ASMail.h"
+#include "mail/MailController.h"
+#include "ui/NoticePlace.h"
+#include "ui/WindowFrame.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QTimer>
+#include <QUrl>
+#include <QWidget>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class QMenu;
+
+namespace Ui {
+class MainWindow;
+}
+
+namespace kest {
+
+class ApplicationDelegate;
+class Bindings;
+class ControlButton;
+class DetailPanel;
+class KestLevelsView;
+struct MessageDraft;
+class ProcessInfo;
+class PullDownButton;
+class ReadoutField;
+class UserDefaults;
+class WindowSizer;
+
+/// What the main window needs of the rest. All must outlive the controller.
+struct MainWindowDependencies {
+    Clock &clock;
+    ProcessInfo &processInfo;
+    AudioFileRecorderFactory &recorderFactory;
+    MailTransport &mailTransport;
+    AlertPresenter &alertPresenter;
+    UserDefaults &userDefaults;
+    ApplicationDelegate &delegate;
+
+    std::function<void()> beep = [] { QApplication::beep(); };
+
+    /// How long a command waits for a recording to be finished.
+    std::chrono::milliseconds finishTimeLimit{30000};
+};
+
+/// The one small window: recording controls, time and level, the commands that
+/// make mail of a recording.
+///
+/// The controls of the layout file are bound to the properties here, so every
+/// change goes through its property. Commands run on the main thread and return
+/// when they are done; while one waits, the window paints, takes no input, and
+/// every further command does nothing.
+class MainWindowController : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool recordingActive READ recordingActive WRITE setRecordingActive NOTIFY recordingActiveChanged)
+    Q_PROPERTY(bool sheetShowing READ sheetShowing WRITE setSheetShowing NOTIFY sheetShowingChanged)
+    Q_PROPERTY(bool recordingExists READ recordingExists WRITE setRecordingExists NOTIFY recordingExistsChanged)
+    Q_PROPERTY(bool canReplyOrCompose READ canReplyOrCompose WRITE setCanReplyOrCompose NOTIFY canReplyOrComposeChanged)
+    Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
+    Q_PROPERTY(double expandedHeight READ expandedHeight WRITE setExpandedHeight)
+    Q_PROPERTY(double minHeight READ minHeight WRITE setMinHeight)
+    Q_PROPERTY(QString attachmentName READ attachmentName WRITE setAttachmentName)
+    Q_PROPERTY(QString attachmentsMenuImage READ attachmentsMenuImage WRITE setAttachmentsMenuImage)
+    Q_PROPERTY(QString attachmentsMenuImageChosen READ attachmentsMenuImageChosen WRITE setAttachmentsMenuImageChosen)
+    Q_PROPERTY(QString recordingTime READ recordingTime WRITE setRecordingTime NOTIFY recordingTimeChanged)
+    Q_PROPERTY(kest::ASMail *mailASObject READ mailASObject WRITE setMailASObject)
+
+public:
+    /// Builds the window, which is not yet shown.
+    explicit MainWindowController(const MainWindowDependencies &dependencies, QObject *parent = nullptr);
+    ~MainWindowController() override;
+
+    /// The window; owned here.
+    QWidget *window() const { return m_window.get(); }
+
+    /// Shows the window and gives it the focus.
+    void showWindow();
+
+    /// Shows the window in front of the others, without the focus.
+    void orderFront();
+
+    /// Hides the window.
+    void orderOut();
+
+    /// True from a successful Record until Stop.
+    bool recordingActive() const { return m_recordingActive; }
+    void setRecordingActive(bool active);
+
+    /// True while the preferences sheet is shown.
+    bool sheetShowing() const { return m_sheetShowing; }
+    void setSheetShowing(bool showing);
+
+    /// True from Record until a command has used the file.
+    bool recordingExists() const { return m_recordingExists; }
+    void setRecordingExists(bool exists);
+
+    bool canReplyOrCompose() const { return m_canReplyOrCompose; }
+    void setCanReplyOrCompose(bool can);
+
+    /// True while a command waits for the mail application or for a recording.
+    bool busy() const { return m_busy; }
+
+    /// Points.
+    double expandedHeight() const { return m_heights.expandedHeight; }
+    void setExpandedHeight(double height) { m_heights.expandedHeight = height; }
+    double minHeight() const { return m_heights.minHeight; }
+    void setMinHeight(double height) { m_heights.minHeight = height; }
+
+    /// The chosen prepared message's file name as it is stored; null: none.
+    const QString &attachmentName() const { return m_attachmentName; }
+    void setAttachmentName(const QString &name) { m_attachmentName = name; }
+
+    const QString &attachmentsMenuImage() const { return m_attachmentsMenuImage; }
+    void setAttachmentsMenuImage(const QString &name) { m_attachmentsMenuImage = name; }
+    const QString &attachmentsMenuImageChosen() const { return m_attachmentsMenuImageChosen; }
+    void setAttachmentsMenuImageChosen(const QString &name) { m_attachmentsMenuImageChosen = name; }
+
+    /// The text of the time field; null before the first Record when Stop or
+    /// Pause was called.
+    const QString &recordingTime() const { return m_recordingTime; }
+    void setRecordingTime(const QString &time);
+
+    /// The layout file's own instance; null only when it names none.
+    ASMail *mailASObject() const { return m_mailASObject; }
+    void setMailASObject(ASMail *mail) { m_mailASObject = mail; }
+
+    MailController *mailController() const { return m_mailController.get(); }
+
+    /// The current recording; null before the first Record.
+    AudioRecorder *audioRecorder() const { return m_audioRecorder.get(); }
+
+    /// The status timer; null when none was started yet.
+    QTimer *recordingStatusTimer() const { return m_recordingStatusTimer; }
+
+    ReadoutField *inputNameField() const;
+    ReadoutField *timeField() const;
+    ControlButton *pauseResumeButton() const;
+    ControlButton *disclosureTriangle() const;
+    PullDownButton *attachmentPopUp() const;
+    QMenu *attachmentsMenu() const;
+    KestLevelsView *levelsView() const;
+
+    /// Where others put words for the person.
+    NoticePlace &notices() { return m_notices; }
+
+public Q_SLOTS:
+    void windowToggleExpanded();
+    void disclosureTriangleClose();
+    void disclosureTriangleOpen();
+    void showPrefsSheet();
+    void openHelp();
+
+    void audioRecordingRecord();
+    void audioRecordingPauseResume();
+    void audioRecordingStop();
+    void audioRecordingUpdateTimeWithTimer();
+
+    void mailComposeNewMessage();
+    void mailReplyToSelectedMessages();
+    void mailReplyAllToSelectedMessages();
+
+    /// Withdraws the choice of a prepared message. Leaves `canReplyOrCompose`
+    /// and the menu's check marks as they are.
+    void removeAttachmentMenuSelection();
+
+    void showLastRecordingInFolder();
+    void playLastRecording();
+
+Q_SIGNALS:
+    void recordingActiveChanged(bool active);
+    void sheetShowingChanged(bool showing);
+    void recordingExistsChanged(bool exists);
+    void canReplyOrComposeChanged(bool can);
+    void recordingTimeChanged(const QString &time);
+    void busyChanged(bool busy);
+
+    /// The window was closed: the application is to end.
+    void terminateRequested();
+
+    void helpRequested();
+
+    /// A file or folder is to be opened in the desktop's own program.
+    void openURLRequested(const QUrl &url);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    class BusyScope;
+    struct ComposeSettings;
+
+    void loadWindow();
+    void applyFonts();
+    void awakeFromNib();
+    void windowDidLoad();
+    void applyTextColorRule();
+    void hideCollapsedPart();
+    void setDisclosureTriangle(const QString &image, QChar keyEquivalent, Qt::Key key, const QString &name);
+    void windowWillClose();
+
+    std::optional<FolderURL> recordingsFolder();
+    void tellDirectoryNotFound();
+    void connectRecorder();
+    void afterRecordingStarted();
+    void tellTrouble(RecordingTrouble trouble, const QString &detail);
+    void recordingFinished(bool kept);
+    void startStatusTimer();
+    void invalidateStatusTimer();
+    void namePauseResumeButton(bool paused);
+    QString currentRecordingTime();
+
+    void composeRecording(const ComposeSettings &settings);
+    void composeChosenFile(const ComposeSettings &settings);
+    void createMessage(const ComposeSettings &settings, const MessageDraft &draft);
+    std::optional<FileURL> recordingFile() const;
+    bool waitForFinishedRecording();
+    void updateBusy();
+
+    void connectNotices();
+    void showNotice();
+    void updateStatusNotice();
+    void mailBusyChanged();
+    void showAccount();
+
+    MainWindowDependencies m_dependencies;
+    std::unique_ptr<QWidget> m_window;
+    std::unique_ptr<Ui::MainWindow> m_ui;
+    std::unique_ptr<Bindings> m_bindings;
+    std::unique_ptr<DetailPanel> m_details;
+    WindowSizer *m_sizer = nullptr;
+    NoticePlace m_notices;
+
+    bool m_recordingActive = false;
+    bool m_sheetShowing = false;
+    bool m_recordingExists = false;
+    bool m_canReplyOrCompose = false;
+    bool m_commandRunning = false;
+    bool m_busy = false;
+    QPointer<QWidget> m_focusBeforeBusy;
+    std::unique_ptr<MailController> m_mailController;
+    std::unique_ptr<AudioRecorder> m_audioRecorder;
+    WindowHeights m_heights;
+    QString m_attachmentName;
+    QString m_attachmentsMenuImage;
+    QString m_attachmentsMenuImageChosen;
+    QString m_recordingTime;
+    QPointer<QTimer> m_recordingStatusTimer;
+    QPointer<ASMail> m_mailASObject;
+};
+
+} // namespace kest

@@ -1,0 +1,181 @@
+// The commands of MainWindowController that make mail.
+
+#include "app/LocalizedStrings.h"
+#include "app/SettingsTable.h"
+#include "app/UserDefaults.h"
+#include "mail/MessageDraft.h"
+#include "ui/ApplicationDelegate.h"
+#include "ui/MainWindowController.h"
+#include "ui_MainWindow.h"
+
+#include <QEventLoop>
+
+namespace kest {
+
+/// While it lives, a command is running and no other can begin.
+class MainWindowController::BusyScope
+{
+public:
+    explicit BusyScope(MainWindowController &controller)
+        : m_controller(controller)
+    {
+        m_controller.m_commandRunning = true;
+        m_controller.updateBusy();
+    }
+
+    ~BusyScope()
+    {
+        m_controller.m_commandRunning = false;
+        m_controller.updateBusy();
+    }
+
+    BusyScope(const BusyScope &) = delete;
+    BusyScope &operator=(const BusyScope &) = delete;
+
+private:
+    MainWindowController &m_controller;
+};
+
+/// What a new message takes from the settings, read anew for every command.
+struct MainWindowController::ComposeSettings {
+    bool useASClass = false;
+    QString subject;
+    QString accountName;
+    QString body;
+    bool includeTagline = false;
+
+    static ComposeSettings read(const UserDefaults &defaults)
+    {
+        ComposeSettings settings;
+        settings.useASClass = defaults.boolForKey(SettingsKeys::useASClass);
+        settings.subject = defaults.objectForKey(SettingsKeys::tNewMessageSubject).toString();
+        const QVariant account = defaults.objectForKey(SettingsKeys::emailAccountToUse);
+        settings.accountName = account.isValid() ? account.toString() : noAccountChosen;
+        settings.body = defaults.objectForKey(SettingsKeys::tNewMessageBody).toString();
+        settings.includeTagline = defaults.boolForKey(SettingsKeys::bIncludeTagline);
+        return settings;
+    }
+
+    std::optional<QString> tagline(const QString &key) const
+    {
+        return includeTagline ? std::optional(localizedString(key)) : std::nullopt;
+    }
+};
+
+void MainWindowController::mailComposeNewMessage()
+{
+    if (m_busy)
+        return;
+    const BusyScope scope(*this);
+    audioRecordingStop();
+    if (!m_mailController->mailVerifyAccountExists())
+        return;
+    const ComposeSettings settings = ComposeSettings::read(m_dependencies.userDefaults);
+    if (m_attachmentName.isNull())
+        composeRecording(settings);
+    else
+        composeChosenFile(settings);
+}
+
+void MainWindowController::composeRecording(const ComposeSettings &settings)
+{
+    if (!waitForFinishedRecording())
+        return;
+    const std::optional<FileURL> recording = recordingFile();
+    // A list of one path cannot be made without a path: there the command ends.
+    if (settings.useASClass && !recording) {
+        m_notices.tell(NoticePlace::Subject::Hint, tr("There is no recording to send yet."));
+        return;
+    }
+    const FolderURL folder = m_audioRecorder ? m_audioRecorder->dirURL() : FolderURL();
+    folder.startAccessingSecurityScopedResource();
+    createMessage(settings, MessageDraft::forRecording(settings.body, settings.tagline(taglineKey), recording));
+    folder.stopAccessingSecurityScopedResource();
+    setRecordingExists(false);
+    setRecordingTime(currentRecordingTime());
+    removeAttachmentMenuSelection();
+    updateStatusNotice();
+}
+
+void MainWindowController::composeChosenFile(const ComposeSettings &settings)
+{
+    const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(nullptr);
+    std::optional<FileURL> file;
+    if (folder) {
+        folder->startAccessingSecurityScopedResource();
+        file = folder->appendingPathComponent(m_attachmentName);
+    }
+    createMessage(settings, MessageDraft::forChosenFile(file, settings.tagline(taglineKey),
+                                                        settings.tagline(textTaglineKey)));
+    if (folder)
+        folder->stopAccessingSecurityScopedResource();
+    removeAttachmentMenuSelection();
+}
+
+void MainWindowController::createMessage(const ComposeSettings &settings, const MessageDraft &draft)
+{
+    if (!settings.useASClass) {
+        m_mailController->mailCreateMessageWithSubject(settings.subject, draft.body, draft.attachment,
+                                                       draft.insertionIndex);
+        return;
+    }
+    if (!m_mailASObject)
+        return;
+    // The recording goes as a path and a chosen file as a location: both as the script has always had them.
+    std::optional<QVariantList> attachments;
+    if (draft.messageCase == MessageDraft::Case::Recording)
+        attachments = QVariantList{draft.attachment->path()};
+    else if (draft.messageCase == MessageDraft::Case::File)
+        attachments = draft.attachment ? QVariantList{QVariant::fromValue(*draft.attachment)} : QVariantList();
+    m_mailASObject->mailNewMessageWithSubject(settings.subject, draft.body, attachments, draft.insertionIndex,
+                                              settings.accountName);
+}
+
+std::optional<FileURL> MainWindowController::recordingFile() const
+{
+    const AudioFileRecorder *recorder = m_audioRecorder ? m_audioRecorder->recorder() : nullptr;
+    return recorder ? std::optional(recorder->url()) : std::nullopt;
+}
+
+bool MainWindowController::waitForFinishedRecording()
+{
+    AudioFileRecorder *recorder = m_audioRecorder ? m_audioRecorder->recorder() : nullptr;
+    if (!recorder || !recorder->isFinishing())
+        return true;
+    m_notices.tell(NoticePlace::Subject::Progress, tr("Finishing the recording…"));
+    QEventLoop loop;
+    connect(recorder, &AudioFileRecorder::finished, &loop, &QEventLoop::quit);
+    QTimer::singleShot(m_dependencies.finishTimeLimit, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    m_notices.withdraw(NoticePlace::Subject::Progress);
+    if (!recorder->isFinishing())
+        return true;
+    m_notices.tell(NoticePlace::Subject::Hint, tr("The recording is still being finished. Please try again."));
+    return false;
+}
+
+void MainWindowController::updateBusy()
+{
+    const bool busy = m_commandRunning || m_dependencies.mailTransport.isBusy();
+    if (m_busy == busy)
+        return;
+    if (busy)
+        m_focusBeforeBusy = m_window->focusWidget();
+    m_busy = busy;
+    Q_EMIT busyChanged(busy);
+    // Disabled controls lost the focus to a neighbour.
+    if (!busy && m_focusBeforeBusy && m_focusBeforeBusy->isEnabled())
+        m_focusBeforeBusy->setFocus(Qt::OtherFocusReason);
+}
+
+void MainWindowController::mailReplyToSelectedMessages()
+{
+    m_notices.tell(NoticePlace::Subject::Hint, tr("Replies come with the next release."));
+}
+
+void MainWindowController::mailReplyAllToSelectedMessages()
+{
+    mailReplyToSelectedMessages();
+}
+
+} // namespace kest

@@ -1,0 +1,119 @@
+// The quiet place of MainWindowController's window, its fonts, and the detail panel.
+
+#include "app/SettingsTable.h"
+#include "app/UserDefaults.h"
+#include "ui/DetailPanel.h"
+#include "ui/MainWindowController.h"
+#include "ui/Wording.h"
+#include "ui/controls/Icons.h"
+#include "ui_MainWindow.h"
+
+#include <QAccessible>
+
+namespace kest {
+
+namespace {
+
+constexpr int smallTextPixels = 12;
+constexpr int captionPixels = 13;
+constexpr int timePixels = 36;
+
+QFont sized(QFont font, int pixels, QFont::Weight weight)
+{
+    font.setPixelSize(pixels);
+    font.setWeight(weight);
+    return font;
+}
+
+/// Quieter than the text colour: for what need not be read.
+QPalette subdued(QPalette palette)
+{
+    palette.setColor(QPalette::WindowText,
+                     mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.62));
+    return palette;
+}
+
+} // namespace
+
+void MainWindowController::applyFonts()
+{
+    // The window's heights are fixed, so its texts are too; the family is the desktop's.
+    const QFont base = sized(m_window->font(), captionPixels, QFont::Normal);
+    m_window->setFont(base);
+    m_ui->timeField->setFont(sized(base, timePixels, QFont::Light));
+    for (QWidget *small : std::initializer_list<QWidget *>{m_ui->noticeField, m_ui->inputNameField,
+                                                           m_ui->recordingFactsField, m_ui->mailAccountField,
+                                                           m_ui->recordingCardHeading, m_ui->mailCardHeading})
+        small->setFont(sized(base, smallTextPixels, QFont::Normal));
+    m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
+}
+
+void MainWindowController::connectNotices()
+{
+    MailTransport &mail = m_dependencies.mailTransport;
+    connect(&m_notices, &NoticePlace::changed, this, &MainWindowController::showNotice);
+    connect(&m_dependencies.userDefaults, &UserDefaults::troubleOccurred, this,
+            [this](const QString &message) { m_notices.tell(NoticePlace::Subject::Settings, message); });
+    connect(&mail, &MailTransport::busyChanged, this, &MainWindowController::mailBusyChanged);
+    connect(&mail, &MailTransport::handOverProgressed, this, [this](qint64 done, qint64 total) {
+        m_notices.tell(NoticePlace::Subject::Progress, wordsForHandOver(done, total));
+    });
+    connect(&mail, &MailTransport::mailApplicationAppeared, m_details.get(), &DetailPanel::showMailApplication);
+    connect(&mail, &MailTransport::mailApplicationVanished, m_details.get(),
+            [this] { m_details->showMailApplication({}); });
+    connect(&m_dependencies.userDefaults, &UserDefaults::valueChanged, this, [this](const QString &key) {
+        if (key == SettingsKeys::emailAccountToUse)
+            showAccount();
+    });
+    showAccount();
+    updateStatusNotice();
+    showNotice();
+}
+
+void MainWindowController::showAccount()
+{
+    const QString account = m_dependencies.userDefaults.objectForKey(SettingsKeys::emailAccountToUse).toString();
+    m_details->showAccount(account == noAccountChosen ? QString() : account);
+}
+
+void MainWindowController::mailBusyChanged()
+{
+    const bool busy = m_dependencies.mailTransport.isBusy();
+    m_notices.tell(NoticePlace::Subject::Progress, busy ? tr("Waiting for the mail application…") : QString());
+    updateBusy();
+}
+
+void MainWindowController::updateStatusNotice()
+{
+    QString status = tr("Ready to record");
+    if (m_recordingActive)
+        status = m_audioRecorder && m_audioRecorder->recordingPaused() ? tr("Paused") : tr("Recording");
+    else if (m_recordingExists)
+        status = tr("Recorded, ready to send");
+    m_notices.tell(NoticePlace::Subject::Status, status);
+}
+
+void MainWindowController::showNotice()
+{
+    ReadoutField *field = m_ui->noticeField;
+    const bool important = m_notices.subject() >= NoticePlace::Subject::Settings;
+    field->setText(m_notices.text());
+    field->setToolTip(m_notices.text());
+    field->setPalette(important ? m_window->palette() : subdued(m_window->palette()));
+    if (important) {
+        QAccessibleEvent event(field, QAccessible::Alert);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void MainWindowController::showLastRecordingInFolder()
+{
+    Q_EMIT openURLRequested(QUrl::fromLocalFile(m_details->recording().deletingLastPathComponent().path()));
+}
+
+void MainWindowController::playLastRecording()
+{
+    Q_EMIT openURLRequested(QUrl::fromLocalFile(m_details->recording().path()));
+}
+
+} // namespace kest

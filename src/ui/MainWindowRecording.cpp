@@ -1,0 +1,154 @@
+// The recording controls of MainWindowController.
+
+#include "platform/AlertPresenter.h"
+#include "ui/ApplicationDelegate.h"
+#include "ui/DetailPanel.h"
+#include "ui/MainWindowController.h"
+#include "ui/Wording.h"
+#include "ui_MainWindow.h"
+
+namespace kest {
+
+namespace {
+
+constexpr std::chrono::milliseconds statusInterval{100};
+
+} // namespace
+
+void MainWindowController::audioRecordingRecord()
+{
+    if (m_busy)
+        return;
+    setCanReplyOrCompose(true);
+    removeAttachmentMenuSelection();
+    const std::optional<FolderURL> folder = recordingsFolder();
+    if (!folder)
+        return tellDirectoryNotFound();
+    m_notices.withdraw(NoticePlace::Subject::Recording);
+    m_notices.withdraw(NoticePlace::Subject::Hint);
+    m_audioRecorder.reset();
+    m_audioRecorder = std::make_unique<AudioRecorder>(m_dependencies.recorderFactory, m_dependencies.clock);
+    connectRecorder();
+    m_audioRecorder->prepareToRecordToDirectory(*folder, unusedRecordingFileName(*folder, m_dependencies.clock.now()));
+    m_audioRecorder->recordMessage();
+    setRecordingActive(true);
+    setRecordingExists(true);
+    startStatusTimer();
+    afterRecordingStarted();
+}
+
+std::optional<FolderURL> MainWindowController::recordingsFolder()
+{
+    // The alert has words of its own; the slot is given for those who log.
+    Error error;
+    return m_dependencies.delegate.recordingsDirectoryURLWithError(&error);
+}
+
+void MainWindowController::tellDirectoryNotFound()
+{
+    m_dependencies.beep();
+    m_dependencies.alertPresenter.runModal(
+        {tr("Directory not found"),
+         tr("You need to go into Preferences and choose the directory recordings should be saved to."),
+         {tr("Cancel")}});
+}
+
+void MainWindowController::connectRecorder()
+{
+    connect(m_audioRecorder.get(), &AudioRecorder::troubleOccurred, this, &MainWindowController::tellTrouble);
+    connect(m_audioRecorder.get(), &AudioRecorder::finished, this, &MainWindowController::recordingFinished);
+}
+
+/// What the window adds of its own once the recording is under way.
+void MainWindowController::afterRecordingStarted()
+{
+    namePauseResumeButton(false);
+    m_details->showRecordingUnderWay(m_audioRecorder->recordingURL());
+    if (!m_audioRecorder->recorder())
+        m_notices.tell(NoticePlace::Subject::Recording, wordsFor(RecordingTrouble::CannotWrite, QString()));
+    updateStatusNotice();
+}
+
+void MainWindowController::tellTrouble(RecordingTrouble trouble, const QString &detail)
+{
+    m_notices.tell(NoticePlace::Subject::Recording, wordsFor(trouble, detail));
+}
+
+void MainWindowController::recordingFinished(bool kept)
+{
+    if (!kept)
+        m_details->showRecording({}, std::nullopt);
+    else if (AudioFileRecorder *recorder = m_audioRecorder->recorder())
+        m_details->showRecording(recorder->url(), recorder->currentTime());
+}
+
+void MainWindowController::startStatusTimer()
+{
+    // The one before is only replaced. Where it was running it goes on ticking.
+    m_recordingStatusTimer = new QTimer(this);
+    m_recordingStatusTimer->setTimerType(Qt::PreciseTimer);
+    m_recordingStatusTimer->setInterval(statusInterval);
+    connect(m_recordingStatusTimer, &QTimer::timeout, this, &MainWindowController::audioRecordingUpdateTimeWithTimer);
+    m_recordingStatusTimer->start();
+}
+
+void MainWindowController::invalidateStatusTimer()
+{
+    if (!m_recordingStatusTimer)
+        return;
+    m_recordingStatusTimer->stop();
+    m_recordingStatusTimer->deleteLater();
+}
+
+void MainWindowController::audioRecordingPauseResume()
+{
+    if (m_busy)
+        return;
+    const bool resumes = m_audioRecorder && m_audioRecorder->recordingPaused();
+    if (resumes) {
+        m_audioRecorder->resumeMessage();
+        startStatusTimer();
+    } else {
+        if (m_audioRecorder)
+            m_audioRecorder->pauseMessage();
+        invalidateStatusTimer();
+        setRecordingTime(currentRecordingTime());
+    }
+    const QString image = resumes ? QStringLiteral("pause") : QStringLiteral("resume");
+    pauseResumeButton()->setImage(image);
+    pauseResumeButton()->setAlternateImage(image + QStringLiteral("-alt"));
+    namePauseResumeButton(!resumes);
+    updateStatusNotice();
+}
+
+void MainWindowController::namePauseResumeButton(bool paused)
+{
+    pauseResumeButton()->setAccessibleName(paused ? tr("Resume") : tr("Pause"));
+    pauseResumeButton()->setHint(paused ? tr("Go on recording") : tr("Pause the recording"));
+}
+
+void MainWindowController::audioRecordingStop()
+{
+    if (m_audioRecorder)
+        m_audioRecorder->stopRecording();
+    invalidateStatusTimer();
+    setRecordingTime(currentRecordingTime());
+    levelsView()->updatePowerLevel(-160.0F);
+    setRecordingActive(false);
+    setCanReplyOrCompose(false);
+    updateStatusNotice();
+}
+
+void MainWindowController::audioRecordingUpdateTimeWithTimer()
+{
+    setRecordingTime(currentRecordingTime());
+    const double level = m_audioRecorder ? m_audioRecorder->recordingLevel() : 0.0;
+    levelsView()->updatePowerLevel(static_cast<float>(level));
+}
+
+QString MainWindowController::currentRecordingTime()
+{
+    return m_audioRecorder ? m_audioRecorder->recordingTime() : QString();
+}
+
+} // namespace kest

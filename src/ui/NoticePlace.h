@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+
+namespace kest {
+
+/// The quiet line of the window that speaks to the person: at most one text at
+/// a time, the most urgent of those that wait.
+///
+/// Main thread. Knows no widget.
+class NoticePlace : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(QString text READ text NOTIFY changed)
+
+public:
+    /// What a notice is about; each subject holds one notice. In order of
+    /// urgency, least first.
+    enum class Subject {
+        Status,    ///< What the window is doing anyway.
+        Hint,      ///< An answer to a command; goes away after a while.
+        Settings,  ///< The settings could not be kept.
+        Recording, ///< The recording ended, or never began.
+        Progress,  ///< Something is being waited for.
+    };
+
+    explicit NoticePlace(QObject *parent = nullptr);
+
+    /// An empty text withdraws the subject's notice.
+    void tell(Subject subject, const QString &text);
+    void withdraw(Subject subject) { tell(subject, QString()); }
+
+    /// The most urgent notice; empty when there is none.
+    QString text() const;
+
+    /// Its subject; Status when there is none.
+    Subject subject() const;
+
+    /// How long a hint stays, in milliseconds.
+    static constexpr int hintDuration = 8000;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    QHash<Subject, QString> m_texts;
+    QTimer m_hintTimer;
+};
+
+inline size_t qHash(NoticePlace::Subject subject, size_t seed = 0)
+{
+    return ::qHash(static_cast<int>(subject), seed);
+}
+
+} // namespace kest

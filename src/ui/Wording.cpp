@@ -1,0 +1,86 @@
+#include "ui/Wording.h"
+
+#include <QCoreApplication>
+#include <QLocale>
+
+#include <cmath>
+#include <sys/stat.h>
+
+namespace kest {
+
+namespace {
+
+QString translated(const char *text)
+{
+    return QCoreApplication::translate("kest::Wording", text);
+}
+
+QString sentenceFor(RecordingTrouble trouble)
+{
+    switch (trouble) {
+    case RecordingTrouble::NoSoundServer:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "No sound server answers, so nothing is recorded."));
+    case RecordingTrouble::NoMicrophone:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "No microphone was found, so nothing is recorded."));
+    case RecordingTrouble::MicrophoneLost:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone went away. The recording so far is kept."));
+    case RecordingTrouble::SoundServerLost:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound server ended. The recording so far is kept."));
+    case RecordingTrouble::NoSound:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone gives no sound. What it gave is kept."));
+    case RecordingTrouble::DiskFull:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The disk is full. The recording so far is kept."));
+    case RecordingTrouble::CannotWrite:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The recording could not be written."));
+    case RecordingTrouble::EncoderMissing:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound encoder is missing, so nothing is recorded."));
+    }
+    return {};
+}
+
+bool exists(const FileURL &url)
+{
+    struct stat status = {};
+    return ::lstat(url.nativePath().constData(), &status) == 0;
+}
+
+} // namespace
+
+QString wordsFor(RecordingTrouble trouble, const QString &detail)
+{
+    const QString sentence = sentenceFor(trouble);
+    return detail.isEmpty() ? sentence : QStringLiteral("%1 (%2)").arg(sentence, detail);
+}
+
+QString wordsForHandOver(qint64 done, qint64 total)
+{
+    const QLocale locale;
+    return translated(QT_TRANSLATE_NOOP("kest::Wording", "Handing over: %1 of %2"))
+        .arg(locale.formattedDataSize(done, 1, QLocale::DataSizeSIFormat),
+             locale.formattedDataSize(total, 1, QLocale::DataSizeSIFormat));
+}
+
+QString recordingFileName(const QDateTime &start)
+{
+    return QLocale().toString(start, QStringLiteral("yyyy-MM-dd_HH-mm-ss")) + QStringLiteral(".m4a");
+}
+
+QString unusedRecordingFileName(const FolderURL &folder, const QDateTime &start)
+{
+    QDateTime moment = start;
+    while (exists(folder.appendingPathComponent(recordingFileName(moment))))
+        moment = moment.addSecs(1);
+    return recordingFileName(moment);
+}
+
+QString lengthText(double seconds)
+{
+    const qint64 whole = std::llround(seconds);
+    const qint64 hours = whole / 3600;
+    const int minutes = static_cast<int>(whole / 60 % 60);
+    const int rest = static_cast<int>(whole % 60);
+    return hours > 0 ? QString::asprintf("%lld:%02d:%02d", static_cast<long long>(hours), minutes, rest)
+                     : QString::asprintf("%d:%02d", minutes, rest);
+}
+
+} // namespace kest

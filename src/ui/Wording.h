@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/AudioFileRecorder.h"
+
+#include <QDateTime>
+#include <QString>
+
+namespace kest {
+
+/// What happened to the recording, in calm words. `detail` may be empty.
+QString wordsFor(RecordingTrouble trouble, const QString &detail);
+
+/// "1.2 MB of 4.8 MB handed to the mail application"; bytes.
+QString wordsForHandOver(qint64 done, qint64 total);
+
+/// The name of a recording that starts at `start`: "2024-03-05_14-07-09.m4a" in
+/// the digits of the person's locale.
+QString recordingFileName(const QDateTime &start);
+
+/// The same, for the first second from `start` on whose name is still free in
+/// `folder`: two recordings that begin within one second must not share a file.
+QString unusedRecordingFileName(const FolderURL &folder, const QDateTime &start);
+
+/// A length in seconds as "0:07" or "1:02:09".
+QString lengthText(double seconds);
+
+} // namespace kest

@@ -1,0 +1,186 @@
+#include "ui/controls/ControlButton.h"
+
+#include "ui/controls/Icons.h"
+
+#include <QFocusEvent>
+#include <QKeySequence>
+#include <QPainter>
+
+namespace kest {
+
+namespace {
+
+constexpr int plainHeight = 32;
+constexpr int roundSize = 38;
+constexpr int ghostSize = 28;
+constexpr int sidePadding = 12;
+constexpr int glyphSize = 18;
+constexpr int iconGap = 7;
+constexpr double plainRadius = 8.0;
+
+} // namespace
+
+ControlButton::ControlButton(QWidget *parent)
+    : QAbstractButton(parent)
+{
+    setFocusPolicy(Qt::StrongFocus);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void ControlButton::setKind(Kind kind)
+{
+    m_kind = kind;
+    updateGeometry();
+    update();
+}
+
+void ControlButton::setImage(const QString &name)
+{
+    m_image = name;
+    update();
+}
+
+void ControlButton::setAlternateImage(const QString &name)
+{
+    m_alternateImage = name;
+    update();
+}
+
+void ControlButton::setKeys(const QString &keys)
+{
+    m_keys = keys;
+    updateToolTip();
+}
+
+void ControlButton::setHint(const QString &hint)
+{
+    m_hint = hint;
+    updateToolTip();
+}
+
+void ControlButton::updateToolTip()
+{
+    const QString keys = QKeySequence::fromString(m_keys, QKeySequence::PortableText).toString(QKeySequence::NativeText);
+    setToolTip(keys.isEmpty() ? m_hint : tr("%1 (%2)", "what a button does, its keys").arg(m_hint, keys));
+}
+
+QSize ControlButton::sizeHint() const
+{
+    if (m_kind == Kind::Round)
+        return QSize(roundSize, roundSize) + extraSize();
+    if (m_kind == Kind::Ghost)
+        return QSize(ghostSize, ghostSize) + extraSize();
+    int width = 2 * sidePadding;
+    if (!m_image.isEmpty())
+        width += glyphSize;
+    if (!text().isEmpty())
+        width += fontMetrics().horizontalAdvance(text()) + (m_image.isEmpty() ? 0 : iconGap);
+    return QSize(width, plainHeight) + extraSize();
+}
+
+QColor ControlButton::fillColor() const
+{
+    const QColor window = palette().color(QPalette::Window);
+    const QColor ink = palette().color(QPalette::WindowText);
+    if (m_kind == Kind::Primary && isEnabled()) {
+        const QColor accent = palette().color(QPalette::Highlight);
+        return isDown() ? mixed(accent, Qt::black, 0.18) : isHovered() ? mixed(accent, Qt::white, 0.12) : accent;
+    }
+    if (isDown())
+        return mixed(window, ink, 0.18);
+    if (isHovered())
+        return mixed(window, ink, 0.12);
+    if (m_kind == Kind::Ghost)
+        return Qt::transparent;
+    return mixed(window, ink, isEnabled() ? 0.075 : 0.04);
+}
+
+QColor ControlButton::inkColor() const
+{
+    const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
+    if (!isEnabled())
+        return mixed(palette().color(QPalette::Window), ink, 0.36);
+    if (m_kind == Kind::Primary)
+        return palette().color(QPalette::HighlightedText);
+    return m_kind == Kind::Ghost && !isHovered() ? mixed(palette().color(QPalette::Window), ink, 0.72) : ink;
+}
+
+double ControlButton::radius() const
+{
+    return m_kind == Kind::Round ? width() / 2.0 : plainRadius;
+}
+
+QString ControlButton::shownImage() const
+{
+    return isDown() && !m_alternateImage.isEmpty() ? m_alternateImage : m_image;
+}
+
+void ControlButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(fillColor());
+    painter.drawRoundedRect(QRectF(rect()), radius(), radius());
+    paintContents(painter);
+    paintFocusRing(painter, radius());
+}
+
+void ControlButton::paintContents(QPainter &painter) const
+{
+    const QString image = shownImage();
+    const int textWidth = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text());
+    const int imageWidth = image.isEmpty() ? 0 : glyphSize + (textWidth ? iconGap : 0);
+    const int left = (width() - extraSize().width() - imageWidth - textWidth) / 2;
+    const bool mirrored = layoutDirection() == Qt::RightToLeft;
+    if (!image.isEmpty()) {
+        const int x = mirrored ? width() - left - glyphSize : left;
+        paintIconNamed(painter, QRectF(x, (height() - glyphSize) / 2.0, glyphSize, glyphSize), image, inkColor());
+    }
+    painter.setPen(inkColor());
+    const int textLeft = mirrored ? width() - left - imageWidth - textWidth : left + imageWidth;
+    painter.drawText(QRect(textLeft, 0, textWidth + 1, height()), Qt::AlignVCenter | Qt::TextSingleLine, text());
+}
+
+void ControlButton::paintFocusRing(QPainter &painter, double ringRadius) const
+{
+    if (!m_showsFocus)
+        return;
+    // On the highlight itself the ring would vanish.
+    const bool onHighlight = m_kind == Kind::Primary && isEnabled();
+    painter.setPen(QPen(palette().color(onHighlight ? QPalette::HighlightedText : QPalette::Highlight), 2.0));
+    painter.setBrush(Qt::NoBrush);
+    const double inset = onHighlight ? 3.0 : 1.0;
+    painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), ringRadius - inset,
+                            ringRadius - inset);
+}
+
+void ControlButton::focusInEvent(QFocusEvent *event)
+{
+    m_showsFocus = event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
+    QAbstractButton::focusInEvent(event);
+    update();
+}
+
+void ControlButton::focusOutEvent(QFocusEvent *event)
+{
+    m_showsFocus = false;
+    QAbstractButton::focusOutEvent(event);
+    update();
+}
+
+void ControlButton::enterEvent(QEnterEvent *event)
+{
+    m_hovered = true;
+    QAbstractButton::enterEvent(event);
+    update();
+}
+
+void ControlButton::leaveEvent(QEvent *event)
+{
+    m_hovered = false;
+    QAbstractButton::leaveEvent(event);
+    update();
+}
+
+} // namespace kest

@@ -1,0 +1,118 @@
+#include "ui/controls/ReadoutField.h"
+
+#include "ui/controls/Icons.h"
+#include "ui/controls/ReadoutAccessible.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace kest {
+
+namespace {
+
+constexpr int glyphSize = 14;
+constexpr int iconGap = 3;
+const QString widestTime = QStringLiteral("00:00");
+
+} // namespace
+
+ReadoutField::ReadoutField(QWidget *parent)
+    : QLabel(parent)
+{
+    installReadoutAccessible();
+    setTextFormat(Qt::PlainText);
+}
+
+void ReadoutField::setTabular(bool tabular)
+{
+    m_tabular = tabular;
+    updateGeometry();
+    update();
+}
+
+void ReadoutField::setImage(const QString &name)
+{
+    m_image = name;
+    updateGeometry();
+    update();
+}
+
+void ReadoutField::setElided(bool elided)
+{
+    m_elided = elided;
+    updateGeometry();
+    update();
+}
+
+void ReadoutField::setTextColor(const QColor &color)
+{
+    QPalette changed = palette();
+    changed.setColor(QPalette::WindowText, color);
+    setPalette(changed);
+}
+
+int ReadoutField::cellWidth() const
+{
+    int widest = 0;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit)
+        widest = qMax(widest, fontMetrics().horizontalAdvance(QChar(digit)));
+    return widest;
+}
+
+QSize ReadoutField::sizeHint() const
+{
+    const int height = fontMetrics().height();
+    if (m_tabular)
+        return {cellWidth() * static_cast<int>(qMax(text().size(), widestTime.size())), height};
+    const int image = m_image.isEmpty() || text().isEmpty() ? 0 : glyphSize + iconGap;
+    return {fontMetrics().horizontalAdvance(text()) + image, height};
+}
+
+QSize ReadoutField::minimumSizeHint() const
+{
+    return m_elided ? QSize(0, fontMetrics().height()) : sizeHint();
+}
+
+void ReadoutField::paintEvent(QPaintEvent *)
+{
+    if (m_tabular)
+        paintTabular();
+    else
+        paintPlain();
+}
+
+void ReadoutField::paintTabular()
+{
+    QPainter painter(this);
+    painter.setPen(textColor());
+    const int cell = cellWidth();
+    // A colon is narrower than a digit and needs no whole cell.
+    const int narrow = qRound(cell * 0.6);
+    int x = 0;
+    for (const QChar character : text()) {
+        const int width = character == u':' ? narrow : cell;
+        painter.drawText(QRect(x, 0, width, height()), Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextDontClip,
+                         QString(character));
+        x += width;
+    }
+}
+
+void ReadoutField::paintPlain()
+{
+    if (text().isEmpty())
+        return;
+    QPainter painter(this);
+    QRect place = rect();
+    if (!m_image.isEmpty()) {
+        const bool mirrored = layoutDirection() == Qt::RightToLeft;
+        paintIconNamed(painter, QRectF(mirrored ? width() - glyphSize : 0, (height() - glyphSize) / 2.0, glyphSize, glyphSize),
+                       m_image, textColor());
+        place.adjust(mirrored ? 0 : glyphSize + iconGap, 0, mirrored ? -glyphSize - iconGap : 0, 0);
+    }
+    painter.setPen(textColor());
+    const QString shown = m_elided ? fontMetrics().elidedText(text(), Qt::ElideRight, place.width()) : text();
+    painter.drawText(place, static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine,
+                     shown);
+}
+
+} // namespace kest

@@ -1,0 +1,93 @@
+#include "gui/WindowHouse.h"
+
+#include "app/SettingsTable.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QDir>
+#include <QtTest>
+
+namespace kest::test {
+
+namespace {
+
+std::optional<FolderURL> folderOrError(const std::optional<FolderURL> &folder, Error *error)
+{
+    if (!folder)
+        handBack(error, {kestErrorDomain, 11000, QStringLiteral("no folder"), {}});
+    return folder;
+}
+
+} // namespace
+
+std::optional<FolderURL> FakeDelegate::recordingsDirectoryURLWithError(Error *error)
+{
+    return folderOrError(recordings, error);
+}
+
+std::optional<FolderURL> FakeDelegate::attachmentsDirectoryURLWithError(Error *error)
+{
+    return folderOrError(attachments, error);
+}
+
+WindowHouse::WindowHouse()
+    : settings(std::make_unique<UserDefaults>(home.filePath(QStringLiteral("kest.ini"))))
+{
+    qRegisterMetaType<RecordingTrouble>();
+    delegate.recordings = folder(QStringLiteral("Kest"));
+    delegate.attachments = folder(QStringLiteral("Kest Optional Outgoing Messages"));
+    settings->registerDefaults(defaultsToRegister({}, {}));
+    mail.answerAsUsual();
+}
+
+WindowHouse::~WindowHouse() = default;
+
+FolderURL WindowHouse::folder(const QString &name) const
+{
+    QDir(home.path()).mkpath(name);
+    return FileURL::fromPath(home.filePath(name));
+}
+
+void WindowHouse::open()
+{
+    controller.reset();
+    controller = std::make_unique<MainWindowController>(MainWindowDependencies{
+        .clock = clock,
+        .processInfo = processInfo,
+        .recorderFactory = recorders,
+        .mailTransport = otherMail ? *otherMail : mail,
+        .alertPresenter = alerts,
+        .userDefaults = *settings,
+        .delegate = delegate,
+        .beep = [this] { ++beeps; },
+        .finishTimeLimit = finishTimeLimit,
+    });
+}
+
+void WindowHouse::openAndShow()
+{
+    open();
+    controller->showWindow();
+    if (!QTest::qWaitForWindowActive(controller->window()))
+        qFatal("the window did not become active");
+}
+
+QWidget *WindowHouse::widgetNamed(const QString &accessibleName) const
+{
+    QList<QWidget *> found = controller->window()->findChildren<QWidget *>();
+    found.removeIf([&](const QWidget *widget) { return widget->accessibleName() != accessibleName; });
+    if (found.size() != 1)
+        qFatal("%lld controls are named %ls", static_cast<long long>(found.size()), qUtf16Printable(accessibleName));
+    return found.first();
+}
+
+void WindowHouse::click(const QString &accessibleName) const
+{
+    QTest::mouseClick(find(accessibleName), Qt::LeftButton);
+}
+
+QString WindowHouse::notice() const
+{
+    return find<ReadoutField>(QStringLiteral("Notice"))->text();
+}
+
+} // namespace kest::test

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "app/UserDefaults.h"
+#include "fakes/FakeAudioFileRecorder.h"
+#include "fakes/FakeClock.h"
+#include "fakes/RecordingAlertPresenter.h"
+#include "fakes/RecordingMailTransport.h"
+#include "platform/ProcessInfo.h"
+#include "ui/ApplicationDelegate.h"
+#include "ui/MainWindowController.h"
+
+#include <QTemporaryDir>
+
+#include <memory>
+
+namespace kest::test {
+
+/// Two folders, there or not.
+class FakeDelegate : public ApplicationDelegate
+{
+public:
+    std::optional<FolderURL> recordingsDirectoryURLWithError(Error *error) override;
+    std::optional<FolderURL> attachmentsDirectoryURLWithError(Error *error) override;
+
+    std::optional<FolderURL> recordings;
+    std::optional<FolderURL> attachments;
+};
+
+class FakeProcessInfo : public ProcessInfo
+{
+public:
+    std::optional<OperatingSystemVersion> operatingSystemVersion() const override { return version; }
+
+    std::optional<OperatingSystemVersion> version = OperatingSystemVersion{10, 15, 0};
+};
+
+/// Everything round the main window, in a throw-away folder, and the window.
+struct WindowHouse {
+    WindowHouse();
+    ~WindowHouse();
+
+    /// Makes the window anew, as a start of the program does.
+    void open();
+
+    /// Opens it and waits until it is on the screen.
+    void openAndShow();
+
+    /// The control with this accessible name; fatal when there is not exactly
+    /// one.
+    template <typename Widget = QWidget>
+    Widget *find(const QString &accessibleName) const
+    {
+        return qobject_cast<Widget *>(widgetNamed(accessibleName));
+    }
+
+    /// Clicks the control with the pointer.
+    void click(const QString &accessibleName) const;
+    bool isEnabled(const QString &accessibleName) const { return find(accessibleName)->isEnabled(); }
+    QString notice() const;
+    FolderURL folder(const QString &name) const;
+
+    QTemporaryDir home;
+    FakeClock clock;
+    FakeProcessInfo processInfo;
+    FakeAudioFileRecorderFactory recorders;
+    RecordingMailTransport mail;
+    MailTransport *otherMail = nullptr; ///< Used in place of `mail` when set.
+    RecordingAlertPresenter alerts;
+    FakeDelegate delegate;
+    std::unique_ptr<UserDefaults> settings;
+    int beeps = 0;
+    std::chrono::milliseconds finishTimeLimit{30000};
+    std::unique_ptr<MainWindowController> controller;
+
+private:
+    QWidget *widgetNamed(const QString &accessibleName) const;
+};
+
+} // namespace kest::test

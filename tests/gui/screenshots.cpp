@@ -1,0 +1,76 @@
+// Shows the window in one of its states and saves what it looks like:
+//
+//     screenshots FOLDER [light|dark]
+//
+// One picture per state, at the scale that QT_SCALE_FACTOR asks for.
+
+#include "audio/KestLevelsView.h"
+#include "gui/WindowHouse.h"
+#include "ui/Wording.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QDir>
+#include <QtTest>
+
+using namespace kest;
+using namespace kest::test;
+
+namespace {
+
+struct Studio {
+    WindowHouse house;
+    QDir folder;
+    QString suffix;
+
+    void take(const QString &name)
+    {
+        QTest::qWait(400); // the window slides to its height
+        house.controller->window()->grab().save(folder.filePath(name + suffix + QStringLiteral(".png")));
+    }
+
+    void record()
+    {
+        house.controller->audioRecordingRecord();
+        house.clock.advance(47.0);
+        house.recorders.last()->setCurrentTime(47.0);
+        house.recorders.last()->setAveragePower(0, -21.0F);
+        house.controller->audioRecordingUpdateTimeWithTimer();
+    }
+
+    void takeAll()
+    {
+        house.openAndShow();
+        house.controller->inputNameField()->setText(QStringLiteral("BM"));
+        take(QStringLiteral("idle"));
+        record();
+        take(QStringLiteral("recording"));
+        house.controller->audioRecordingPauseResume();
+        take(QStringLiteral("paused"));
+        house.controller->audioRecordingStop();
+        take(QStringLiteral("stopped"));
+        Q_EMIT house.mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
+        house.controller->windowToggleExpanded();
+        take(QStringLiteral("stopped-expanded"));
+        record();
+        Q_EMIT house.recorders.last()->troubleOccurred(RecordingTrouble::MicrophoneLost, QStringLiteral("USB Microphone"));
+        take(QStringLiteral("notice-expanded"));
+        house.controller->windowToggleExpanded();
+        take(QStringLiteral("notice"));
+    }
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QApplication app(argc, argv);
+    Studio studio;
+    studio.folder = QDir(QString::fromLocal8Bit(argv[1]));
+    studio.folder.mkpath(QStringLiteral("."));
+    const bool dark = argc > 2 && qstrcmp(argv[2], "dark") == 0;
+    studio.suffix = dark ? QStringLiteral("-dark") : QString();
+    if (dark)
+        QApplication::setPalette(QPalette(QColor(0x2a, 0x2a, 0x2d), QColor(0x24, 0x24, 0x27)));
+    studio.takeAll();
+    return 0;
+}
