@@ -51,24 +51,24 @@ QString abbreviatedInputName(const QString &name)
     return firstCharacters(name, 2);
 }
 
-InputDeviceMonitor::InputDeviceMonitor(AudioHardware &hardware, InputNameDisplay &display)
-    : m_hardware(hardware), m_display(display)
+InputDeviceMonitor::InputDeviceMonitor(AudioHardware &hardware, InputNameField field)
+    : m_hardware(hardware), m_field(std::move(field))
 {
 }
 
 void InputDeviceMonitor::updateInputName()
 {
-    if (m_display.recordingActive())
+    if (m_field.recordingActive())
         return;
     const std::optional<QString> name = nameOfDefaultInputDevice();
-    if (m_oldInputName && name == m_oldInputName)
+    if (!m_oldInputName.isNull() && name == m_oldInputName)
         return;
-    m_display.setInputNameToolTip(name.value_or(QString()));
-    m_display.setInputNameText(name ? abbreviatedInputName(*name) : QString());
-    m_oldInputName = name;
+    m_field.setToolTip(name.value_or(QString()));
+    m_field.setStringValue(name ? abbreviatedInputName(*name) : QString());
+    m_oldInputName = name.value_or(QString());
 }
 
-std::optional<QString> InputDeviceMonitor::nameOfDefaultInputDevice()
+std::optional<QString> InputDeviceMonitor::nameOfDefaultInputDevice() const
 {
     quint32 device = 0;
     if (const qint32 status = m_hardware.propertyData(systemObject, defaultInputDeviceAddress, &device)) {
@@ -80,7 +80,7 @@ std::optional<QString> InputDeviceMonitor::nameOfDefaultInputDevice()
         qCWarning(lcInputDevice, "Error %d retreiving default input device's name", status);
         return {};
     }
-    return name;
+    return name.isNull() ? QStringLiteral("") : name; // null stands for no name at all
 }
 
 } // namespace kest

@@ -2,24 +2,19 @@
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace kest {
 
 class AudioHardware;
 
-/// Where the name of the input device is shown. The main window's side
-/// implements it.
-class InputNameDisplay
-{
-public:
-    virtual ~InputNameDisplay() = default;
-
+/// Where the name of the input device is shown, as its owner lets it be worked.
+struct InputNameField {
     /// True from the start of a recording until it is stopped, pauses included.
-    virtual bool recordingActive() const = 0;
-
-    virtual void setInputNameToolTip(const QString &toolTip) = 0;
-    virtual void setInputNameText(const QString &text) = 0;
+    std::function<bool()> recordingActive;
+    std::function<void(const QString &)> setToolTip;
+    std::function<void(const QString &)> setStringValue;
 };
 
 /// One or two characters that stand for a device's name: the initials of its
@@ -38,8 +33,8 @@ QString abbreviatedInputName(const QString &name);
 class InputDeviceMonitor
 {
 public:
-    /// Both must outlive this object.
-    InputDeviceMonitor(AudioHardware &hardware, InputNameDisplay &display);
+    /// `hardware` must outlive this object. All of `field` must be set.
+    InputDeviceMonitor(AudioHardware &hardware, InputNameField field);
 
     /// Shows the default input device's name: whole as the tooltip, abbreviated
     /// as the text. Does nothing during a recording, and touches nothing when
@@ -51,15 +46,17 @@ public:
     void updateInputName();
 
     /// The default input device's name, or nothing, with the reason logged.
-    std::optional<QString> nameOfDefaultInputDevice();
+    std::optional<QString> nameOfDefaultInputDevice() const;
 
-    /// The name shown last; nothing before the first and after a failed query.
-    const std::optional<QString> &oldInputName() const { return m_oldInputName; }
+    /// The name shown last; null before the first and after a failed query,
+    /// empty but not null when the device's name is empty.
+    QString oldInputName() const { return m_oldInputName; }
+    void setOldInputName(const QString &name) { m_oldInputName = name; }
 
 private:
     AudioHardware &m_hardware;
-    InputNameDisplay &m_display;
-    std::optional<QString> m_oldInputName;
+    InputNameField m_field;
+    QString m_oldInputName;
 };
 
 } // namespace kest

@@ -1,6 +1,6 @@
 #include "app/InputDeviceMonitor.h"
 #include "fakes/FakeAudioHardware.h"
-#include "fakes/FakeInputNameDisplay.h"
+#include "fakes/FakeInputNameField.h"
 
 #include <QTimer>
 #include <QtTest>
@@ -37,7 +37,7 @@ class TestInputDeviceMonitor : public QObject
     Q_OBJECT
 
     FakeAudioHardware m_hardware;
-    FakeInputNameDisplay m_display;
+    FakeInputNameField m_field;
     std::unique_ptr<InputDeviceMonitor> m_monitor;
 
     void show(const QString &name)
@@ -50,8 +50,8 @@ private Q_SLOTS:
     void init()
     {
         m_hardware = FakeAudioHardware();
-        m_display = FakeInputNameDisplay();
-        m_monitor = std::make_unique<InputDeviceMonitor>(m_hardware, m_display);
+        m_field = FakeInputNameField();
+        m_monitor = std::make_unique<InputDeviceMonitor>(m_hardware, m_field.field());
     }
 
     void abbreviates_data()
@@ -104,65 +104,65 @@ private Q_SLOTS:
 
     void showsTheNameWholeAndAbbreviated()
     {
-        QVERIFY(!m_monitor->oldInputName());
+        QVERIFY(m_monitor->oldInputName().isNull());
         show(u"Built-in Microphone"_qs);
-        QCOMPARE(m_display.toolTip, u"Built-in Microphone"_qs);
-        QCOMPARE(m_display.text, u"BM"_qs);
-        QCOMPARE(m_monitor->oldInputName(), std::optional(u"Built-in Microphone"_qs));
+        QCOMPARE(m_field.toolTip, u"Built-in Microphone"_qs);
+        QCOMPARE(m_field.text, u"BM"_qs);
+        QCOMPARE(m_monitor->oldInputName(), u"Built-in Microphone"_qs);
     }
 
     void theSameNameTwiceLeavesTheFieldUntouched()
     {
         show(u"Built-in Microphone"_qs);
         show(u"Built-in Microphone"_qs);
-        QCOMPARE(m_display.touched, 2);
+        QCOMPARE(m_field.touched, 2);
     }
 
     void anEmptyNameIsRememberedAsWell()
     {
         show(u""_qs);
         show(u""_qs);
-        QCOMPARE(m_display.touched, 2);
-        QCOMPARE(m_monitor->oldInputName(), std::optional(QString()));
+        QCOMPARE(m_field.touched, 2);
+        QVERIFY(m_monitor->oldInputName().isEmpty() && !m_monitor->oldInputName().isNull());
     }
 
     void aNameThatDiffersOnlyInCaseIsAnother()
     {
         show(u"USB mic"_qs);
         show(u"USB Mic"_qs);
-        QCOMPARE(m_display.text, u"UM"_qs);
+        QCOMPARE(m_field.text, u"UM"_qs);
     }
 
     void aChangeWhileRecordingShowsAtTheFirstUpdateAfterIt()
     {
         show(u"Built-in Microphone"_qs);
         const auto asked = m_hardware.questions.size();
-        m_display.recording = true; // stays so while paused
+        m_field.recording = true; // stays so while paused
         show(u"USB Mic"_qs);
         show(u"USB Mic"_qs);
-        QCOMPARE(m_display.text, u"BM"_qs);
-        QCOMPARE(m_display.toolTip, u"Built-in Microphone"_qs);
+        QCOMPARE(m_field.text, u"BM"_qs);
+        QCOMPARE(m_field.toolTip, u"Built-in Microphone"_qs);
         QCOMPARE(m_hardware.questions.size(), asked);
-        m_display.recording = false;
+        m_field.recording = false;
         m_monitor->updateInputName();
-        QCOMPARE(m_display.text, u"UM"_qs);
-        QCOMPARE(m_display.toolTip, u"USB Mic"_qs);
+        QCOMPARE(m_field.text, u"UM"_qs);
+        QCOMPARE(m_field.toolTip, u"USB Mic"_qs);
     }
 
     void aOneCharacterNameIsShownWhole()
     {
         show(u" "_qs);
-        QCOMPARE(m_display.text, u" "_qs);
-        QCOMPARE(m_display.toolTip, u" "_qs);
+        QCOMPARE(m_field.text, u" "_qs);
+        QCOMPARE(m_field.toolTip, u" "_qs);
     }
 
     void aOneWordNameSetsTheToolTipAndLeavesTheText()
     {
         show(u"Built-in Microphone"_qs);
         QVERIFY_THROWS_EXCEPTION(std::out_of_range, show(u"Microphone"_qs));
-        QCOMPARE(m_display.toolTip, u"Microphone"_qs);
-        QCOMPARE(m_display.text, u"BM"_qs);
-        QCOMPARE(m_monitor->oldInputName(), std::optional(u"Built-in Microphone"_qs));
+        QCOMPARE(m_field.toolTip, u"Microphone"_qs);
+        QCOMPARE(m_field.text, u"BM"_qs);
+        QCOMPARE(m_monitor->oldInputName(), u"Built-in Microphone"_qs);
     }
 
     void aOneWordNameRisesToTheEventLoopAtEachUpdate()
@@ -175,9 +175,9 @@ private Q_SLOTS:
         timer.start(1);
         QTRY_VERIFY(application->rangeErrors >= 3);
         timer.stop();
-        QCOMPARE(m_display.toolTip, u"Microphone"_qs);
-        QCOMPARE(m_display.text, QString());
-        QVERIFY(!m_monitor->oldInputName());
+        QCOMPARE(m_field.toolTip, u"Microphone"_qs);
+        QCOMPARE(m_field.text, QString());
+        QVERIFY(m_monitor->oldInputName().isNull());
     }
 
     void aTwoWordNameAfterAOneWordNameIsShownAgain()
@@ -185,16 +185,16 @@ private Q_SLOTS:
         show(u"Built-in Microphone"_qs);
         QVERIFY_THROWS_EXCEPTION(std::out_of_range, show(u"Microphone"_qs));
         show(u"USB Mic"_qs);
-        QCOMPARE(m_display.text, u"UM"_qs);
+        QCOMPARE(m_field.text, u"UM"_qs);
     }
 
     void backToTheRememberedNameAfterAOneWordNameTouchesNothing()
     {
         show(u"Built-in Microphone"_qs);
         QVERIFY_THROWS_EXCEPTION(std::out_of_range, show(u"Microphone"_qs));
-        const int touched = m_display.touched;
+        const int touched = m_field.touched;
         show(u"Built-in Microphone"_qs);
-        QCOMPARE(m_display.touched, touched); // deliberate: the comparison is with the remembered name alone
+        QCOMPARE(m_field.touched, touched); // deliberate: the comparison is with the remembered name alone
     }
 
     void noDeviceIsLoggedAndClearsTheField()
@@ -203,9 +203,9 @@ private Q_SLOTS:
         m_hardware.deviceStatus = -7;
         QTest::ignoreMessage(QtWarningMsg, "Error -7 retreiving default input device");
         m_monitor->updateInputName();
-        QCOMPARE(m_display.toolTip, QString());
-        QCOMPARE(m_display.text, QString());
-        QVERIFY(!m_monitor->oldInputName());
+        QCOMPARE(m_field.toolTip, QString());
+        QCOMPARE(m_field.text, QString());
+        QVERIFY(m_monitor->oldInputName().isNull());
     }
 
     void aDeviceWithoutANameIsLoggedAndClearsTheField()
@@ -214,9 +214,9 @@ private Q_SLOTS:
         m_hardware.nameStatus = 560947818;
         QTest::ignoreMessage(QtWarningMsg, "Error 560947818 retreiving default input device's name");
         m_monitor->updateInputName();
-        QCOMPARE(m_display.toolTip, QString());
-        QCOMPARE(m_display.text, QString());
-        QVERIFY(!m_monitor->oldInputName());
+        QCOMPARE(m_field.toolTip, QString());
+        QCOMPARE(m_field.text, QString());
+        QVERIFY(m_monitor->oldInputName().isNull());
     }
 
     void theNameIsShownAgainWhenTheDeviceIsBack()
@@ -227,7 +227,7 @@ private Q_SLOTS:
         m_monitor->updateInputName();
         m_hardware.deviceStatus = 0;
         m_monitor->updateInputName();
-        QCOMPARE(m_display.text, u"BM"_qs);
+        QCOMPARE(m_field.text, u"BM"_qs);
     }
 };
 
