@@ -152,6 +152,19 @@ class SoundServer:
                 pass
         self.sources[name].description = description
 
+    def move_recorders(self, name):
+        """The person moves whoever records to another microphone, as the desktop's sound settings do."""
+        readers = {source.reader.pid for source in self.sources.values()}
+        for block in self._pactl("list", "source-outputs").split("Source Output #")[1:]:
+            owner = re.search(r'application.process.id = "(\d+)"', block)
+            if not owner or int(owner.group(1)) not in readers:
+                self._pactl("move-source-output", block.split()[0], name)
+
+    def force_rate(self, rate):
+        """Has PipeWire's graph run at a rate, so that a source of that rate passes through unchanged."""
+        if self.kind == "pipewire":
+            self.sandbox.run(["pw-metadata", "-n", "settings", "0", "clock.force-rate", str(rate)])
+
     def source_names(self):
         return [line.split("\t")[1] for line in self._pactl("list", "short", "sources").splitlines()]
 

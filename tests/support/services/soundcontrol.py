@@ -10,7 +10,10 @@ import threading
 
 
 class SoundControl:
-    """Serves the operations of one SoundServer on a Unix socket."""
+    """Serves the operations of one SoundServer on a Unix socket, one after the other.
+
+    On one thread that lasts: a process started by a thread dies with that thread (see base.Sandbox.start).
+    """
 
     def __init__(self, server, path):
         self.server = server
@@ -30,7 +33,7 @@ class SoundControl:
                 connection, _ = self.listener.accept()
             except OSError:
                 return
-            threading.Thread(target=self._serve, args=(connection,), daemon=True).start()
+            self._serve(connection)
 
     def _serve(self, connection):
         with connection, connection.makefile("rw", encoding="utf-8") as lines:
@@ -52,6 +55,6 @@ class SoundControl:
         if verb in ("hush", "play"):
             return getattr(self.server.microphone, verb)(**request)
         if verb in ("remove_source", "set_default", "suspend", "rename", "kill", "stall", "resume", "start",
-                    "restart_with_microphone"):
+                    "restart_with_microphone", "move_recorders", "force_rate"):
             return getattr(self.server, verb)(**request)
         raise ValueError(f"no operation {verb}")

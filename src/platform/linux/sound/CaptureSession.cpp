@@ -12,7 +12,7 @@ constexpr qint64 millisecond = 1'000'000; // in nanoseconds
 constexpr int watchMilliseconds = 200;
 constexpr qint64 serverPatience = 1500 * millisecond;
 constexpr qint64 microphonePatience = 1000 * millisecond; // a session manager may still be starting
-constexpr qint64 dataPatience = 1700 * millisecond;
+constexpr qint64 dataPatience = 1500 * millisecond;
 
 // What was spoken before Stop has arrived by then, or never will.
 constexpr int stopMilliseconds = 300;

@@ -1,0 +1,283 @@
+#include "RecorderBench.h"
+
+#include "support/VirtualMicrophone.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTest>
+
+#include <cmath>
+#include <algorithm>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace kest;
+using namespace kest::test;
+
+namespace {
+
+constexpr qint64 toldWithinMilliseconds = 2000;
+
+/// A file system of its own with little room, gone with the object.
+class SmallDisk
+{
+public:
+    explicit SmallDisk(const char *options) : m_path(qgetenv("KEST_TEST_ROOT") + "/small-disk")
+    {
+        mkdir(m_path.constData(), 0700);
+        m_mounted = mount("tmpfs", m_path.constData(), "tmpfs", 0, options) == 0;
+    }
+    ~SmallDisk()
+    {
+        if (m_mounted)
+            umount2(m_path.constData(), MNT_DETACH);
+    }
+    Q_DISABLE_COPY_MOVE(SmallDisk)
+
+    bool isMounted() const { return m_mounted; }
+    const QByteArray &path() const { return m_path; }
+
+private:
+    const QByteArray m_path;
+    bool m_mounted = false;
+};
+
+} // namespace
+
+/// Every trouble is told in time, and what was captured is kept.
+class RecordingTroubleTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+
+    void missingServerIsTold();
+    void silentServerIsToldAndBlocksNobody();
+    void missingMicrophoneIsTold();
+    void removedMicrophoneIsToldAndTheTakeKept();
+    void noOtherMicrophoneIsTakenSilently();
+    void moveByThePersonIsFollowed();
+    void killedServerIsToldAndTheTakeKept();
+    void stalledServerIsToldAndTheTakeKept();
+    void serverThatComesBackIsUsedAgain();
+    void fullDiskIsToldAndTheTakeKept();
+    void folderThatVanishedIsTold();
+    void missingEncoderIsTold();
+
+private:
+    void verifyTold(RecorderBench &bench, RecordingTrouble expected);
+    void verifyTakeKept(RecorderBench &bench, double seconds);
+
+    QElapsedTimer m_since;
+    std::unique_ptr<VirtualMicrophone> m_microphone;
+};
+
+void RecordingTroubleTest::init()
+{
+    m_microphone = std::make_unique<VirtualMicrophone>(sine(440, 0.3));
+}
+
+void RecordingTroubleTest::cleanup()
+{
+    m_microphone.reset();
+    tellSoundServer("resume");
+    tellSoundServer("kill");
+    tellSoundServer("restart_with_microphone");
+}
+
+void RecordingTroubleTest::verifyTold(RecorderBench &bench, RecordingTrouble expected)
+{
+    QTRY_COMPARE_WITH_TIMEOUT(bench.trouble->size(), 1, 5000);
+    const qint64 elapsed = m_since.elapsed();
+    QCOMPARE(bench.trouble->first().first().value<RecordingTrouble>(), expected);
+    QVERIFY2(elapsed < toldWithinMilliseconds, QByteArray::number(elapsed).constData());
+    QVERIFY(bench.waitUntilFinished());
+    QCOMPARE(bench.trouble->size(), 1);
+    QCOMPARE(bench.finished->size(), 1);
+}
+
+void RecordingTroubleTest::verifyTakeKept(RecorderBench &bench, double seconds)
+{
+    QVERIFY(bench.finished->first().first().toBool());
+    QVERIFY(bench.recorder->currentTime() >= seconds);
+    QVERIFY(!outermostBoxes(bench.recorder->url()).contains("moof"));
+    QCOMPARE(probedSamples(bench.recorder->url()), std::llround(bench.recorder->currentTime() * 44100));
+}
+
+void RecordingTroubleTest::missingServerIsTold()
+{
+    tellSoundServer("kill");
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    m_since.start();
+    QVERIFY(recorder.prepareToRecord());
+    QVERIFY(recorder.record());
+    verifyTold(bench, RecordingTrouble::NoSoundServer);
+    QVERIFY(!bench.finished->first().first().toBool());
+    QVERIFY(!QFile::exists(recorder.url().path()));
+}
+
+void RecordingTroubleTest::silentServerIsToldAndBlocksNobody()
+{
+    tellSoundServer("stall");
+    QElapsedTimer blocked;
+    blocked.start();
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    m_since.start();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY2(blocked.elapsed() < 500, "a stalled server held up the main thread");
+    verifyTold(bench, RecordingTrouble::NoSoundServer);
+    QVERIFY(!QFile::exists(recorder.url().path()));
+}
+
+void RecordingTroubleTest::missingMicrophoneIsTold()
+{
+    tellSoundServer("remove_source", {{QStringLiteral("name"), QStringLiteral("kest_microphone")}});
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    m_since.start();
+    recorder.prepareToRecord();
+    recorder.record();
+    verifyTold(bench, RecordingTrouble::NoMicrophone);
+    QVERIFY(!QFile::exists(recorder.url().path()));
+}
+
+void RecordingTroubleTest::removedMicrophoneIsToldAndTheTakeKept()
+{
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    m_since.start();
+    tellSoundServer("remove_source", {{QStringLiteral("name"), QStringLiteral("kest_microphone")}});
+    verifyTold(bench, RecordingTrouble::MicrophoneLost);
+    QCOMPARE(bench.trouble->first().at(1).toString(), QStringLiteral("Built-in Microphone"));
+    verifyTakeKept(bench, 0.5);
+}
+
+void RecordingTroubleTest::noOtherMicrophoneIsTakenSilently()
+{
+    const QByteArray fifo = tellSoundServer("add_source", {{QStringLiteral("name"), QStringLiteral("kest_other")},
+                                                           {QStringLiteral("description"), QStringLiteral("USB Mic")}})
+                                .value(u"fifo").toString().toLocal8Bit();
+    const VirtualMicrophone other(fifo, sine(3000, 0.9), 1);
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    m_since.start();
+    tellSoundServer("remove_source", {{QStringLiteral("name"), QStringLiteral("kest_microphone")}});
+    verifyTold(bench, RecordingTrouble::MicrophoneLost);
+    verifyTakeKept(bench, 0.5);
+    for (const float sample : decoded(recorder.url()))
+        QVERIFY2(std::fabs(sample) < 0.5F, "something of the other microphone is in the recording");
+}
+
+void RecordingTroubleTest::moveByThePersonIsFollowed()
+{
+    const QByteArray fifo = tellSoundServer("add_source", {{QStringLiteral("name"), QStringLiteral("kest_other")},
+                                                           {QStringLiteral("description"), QStringLiteral("USB Mic")}})
+                                .value(u"fifo").toString().toLocal8Bit();
+    const VirtualMicrophone other(fifo, sine(3000, 0.9), 1);
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    tellSoundServer("move_recorders", {{QStringLiteral("name"), QStringLiteral("kest_other")}});
+    QVERIFY(bench.waitForCapture(recorder.currentTime() + 1.0));
+    recorder.stop();
+    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.trouble->isEmpty());
+    const std::vector<float> samples = decoded(recorder.url());
+    QVERIFY(std::any_of(samples.begin(), samples.end(), [](float sample) { return sample > 0.7F; }));
+}
+
+void RecordingTroubleTest::killedServerIsToldAndTheTakeKept()
+{
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    m_since.start();
+    tellSoundServer("kill");
+    verifyTold(bench, RecordingTrouble::SoundServerLost);
+    verifyTakeKept(bench, 0.5);
+}
+
+void RecordingTroubleTest::stalledServerIsToldAndTheTakeKept()
+{
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    m_since.start();
+    tellSoundServer("stall");
+    verifyTold(bench, RecordingTrouble::NoSound);
+    verifyTakeKept(bench, 0.5);
+}
+
+void RecordingTroubleTest::serverThatComesBackIsUsedAgain()
+{
+    RecorderBench bench;
+    QVERIFY(bench.waitUntilConnected());
+    tellSoundServer("kill");
+    tellSoundServer("restart_with_microphone");
+    m_microphone = std::make_unique<VirtualMicrophone>(sine(440, 0.3));
+    QVERIFY(bench.recordFor(0.3));
+    verifyTakeKept(bench, 0.3);
+}
+
+void RecordingTroubleTest::fullDiskIsToldAndTheTakeKept()
+{
+    const SmallDisk disk("size=32k");
+    QVERIFY2(disk.isMounted(), "mounting a small tmpfs needs the right to mount");
+    RecorderBench bench(nullptr, disk.path());
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QTRY_COMPARE_WITH_TIMEOUT(bench.trouble->size(), 1, 20'000);
+    QCOMPARE(bench.trouble->first().first().value<RecordingTrouble>(), RecordingTrouble::DiskFull);
+    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.finished->first().first().toBool());
+    // All but what did not fit is there, to the last whole fragment.
+    const double kept = double(decoded(recorder.url()).size()) / 44100;
+    QVERIFY2(kept > recorder.currentTime() - 0.5, QByteArray::number(kept).constData());
+}
+
+void RecordingTroubleTest::folderThatVanishedIsTold()
+{
+    QTemporaryDir parent;
+    QVERIFY(QDir(parent.path()).mkdir(QStringLiteral("gone")));
+    RecorderBench bench(nullptr, parent.filePath(QStringLiteral("gone")).toLocal8Bit());
+    AudioFileRecorder &recorder = bench.make();
+    QVERIFY(QDir(parent.path()).rmdir(QStringLiteral("gone")));
+    QVERIFY(!recorder.prepareToRecord());
+    QVERIFY(!recorder.record());
+    QTRY_COMPARE(bench.trouble->size(), 1);
+    QCOMPARE(bench.trouble->first().first().value<RecordingTrouble>(), RecordingTrouble::CannotWrite);
+}
+
+void RecordingTroubleTest::missingEncoderIsTold()
+{
+    RecorderBench bench(std::make_shared<EncoderLoader>(QByteArray("/nowhere/kest-encoder.so")));
+    AudioFileRecorder &recorder = bench.make();
+    m_since.start();
+    recorder.prepareToRecord();
+    recorder.record();
+    verifyTold(bench, RecordingTrouble::EncoderMissing);
+    QVERIFY(!QFile::exists(recorder.url().path()));
+}
+
+QTEST_GUILESS_MAIN(RecordingTroubleTest)
+#include "tst_recordingtrouble.moc"
