@@ -27,9 +27,10 @@ export function mailNewMessageWithSubject(subject, body, attachments, insertionI
     }
     const message = make("outgoing message", { subject: subject, content: body });
     mailApp.outgoingMessages.addObject(message);
-    if (failed() || !chooseSender(message, account) || !attach(message, attachments, insertionIndex))
+    if (failed())
         return;
-    show(message);
+    if (!chooseSender(message, account) || !attach(message, attachments, insertionIndex) || !show(message))
+        discard(message);
 }
 
 // Answers the last of the selected messages in the mail application's own reply, the text above the quote.
@@ -49,12 +50,20 @@ export function mailReplyAppendingBodyText(bodyText, attachments, withReplyAll, 
         return;
     }
     const reply = original.replyOpeningWindow(false, withReplyAll);
-    if (failed() || !putAboveQuote(reply, bodyText))
+    if (failed())
         return;
-    if (!chooseSender(reply, account) || !attach(reply, attachments, insertionIndex))
+    if (!putAboveQuote(reply, bodyText) || !chooseSender(reply, account) || !attach(reply, attachments, insertionIndex)) {
+        discard(reply);
         return;
-    if (sendingReply ? !send(reply) : !show(reply))
+    }
+    if (sendingReply && !send(reply)) {
+        show(reply); // so that it can be sent later, or changed
         return;
+    }
+    if (!sendingReply && !show(reply)) {
+        discard(reply);
+        return;
+    }
     if (deletingOriginal) {
         original.deleteMessage();
         failed();
@@ -125,15 +134,22 @@ function attach(message, attachments, insertionIndex) {
     return true;
 }
 
+// Nobody would ever see a message that was not shown.
+function discard(message) {
+    message.deleteMessage();
+}
+
 function send(message) {
     message.send();
     return !failed();
 }
 
+// True when it is shown; that the mail application does not come forward is told, but no reason to give up.
 function show(message) {
     message.visible = true;
     if (failed())
         return false;
     mailApp.activate();
-    return !failed();
+    failed();
+    return true;
 }

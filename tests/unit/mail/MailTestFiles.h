@@ -16,14 +16,25 @@ namespace kest::test {
 class MailTestFiles
 {
 public:
+    MailTestFiles() = default;
+    ~MailTestFiles()
+    {
+        // The folder's own removal cannot name files that are not UTF-8.
+        for (const FileURL &file : std::as_const(m_written))
+            ::unlink(file.nativePath().constData());
+    }
+    MailTestFiles(const MailTestFiles &) = delete;
+    MailTestFiles &operator=(const MailTestFiles &) = delete;
+
     /// `name` in the file system's own bytes.
-    FileURL write(const QByteArray &name, const QByteArray &bytes) const
+    FileURL write(const QByteArray &name, const QByteArray &bytes)
     {
         const FileURL file = at(name);
         const int descriptor = ::open(file.nativePath().constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
         if (descriptor < 0 || ::write(descriptor, bytes.constData(), static_cast<size_t>(bytes.size())) != bytes.size())
             qFatal("cannot write the test's file");
         ::close(descriptor);
+        m_written.append(file);
         return file;
     }
 
@@ -36,6 +47,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    QList<FileURL> m_written;
 };
 
 /// The bytes of a small attachment in the fake's state.
