@@ -4,8 +4,10 @@
 #include "platform/AudioHardware.h"
 #include "platform/BookmarkStore.h"
 #include "platform/Clock.h"
+#include "platform/FolderContents.h"
 #include "platform/MailTransport.h"
 #include "platform/ProcessInfo.h"
+#include "platform/Trash.h"
 #include "platform/Workspace.h"
 
 #include <memory>
@@ -18,6 +20,8 @@ struct Platform {
     std::unique_ptr<Clock> clock;
     std::unique_ptr<ProcessInfo> processInfo;
     std::unique_ptr<BookmarkStore> bookmarkStore;
+    std::unique_ptr<FolderContents> folderContents;
+    std::unique_ptr<Trash> trash;
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
     std::unique_ptr<MailTransport> mailTransport;

@@ -1,0 +1,152 @@
+#include "app/AppDelegate.h"
+
+#include "app/DefaultFolders.h"
+#include "app/SettingsTable.h"
+#include "app/UserDefaults.h"
+#include "platform/Platform.h"
+#include "ui/MainWindowController.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QLoggingCategory>
+#include <QTimer>
+#include <QUrl>
+
+namespace kest {
+
+namespace {
+
+Q_LOGGING_CATEGORY(lcApp, "kest.app")
+
+const QUrl helpPage(QStringLiteral(KEST_HELP_URL));
+
+// How long the start waits for recordings that a crash left; the rest goes on in the background.
+constexpr int recoveryWait = 300; // ms
+
+// Well after the first paint, and before anybody is ready to speak.
+constexpr int preloadDelay = 700; // ms
+
+} // namespace
+
+AppDelegate::AppDelegate(Platform &platform, UserDefaults &defaults, AlertPresenter &alerts, QObject *parent)
+    : QObject(parent), m_platform(platform), m_defaults(defaults), m_alerts(alerts),
+      m_folders(defaults, *platform.bookmarkStore),
+      m_oldRecordings(m_folders, defaults, *platform.folderContents, *platform.trash),
+      m_inputMonitor(*platform.audioHardware, inputNameField())
+{
+    connect(&m_defaults, &UserDefaults::troubleOccurred, this,
+            [this](const QString &message) { m_settingsTroubles.append(message); });
+}
+
+AppDelegate::~AppDelegate() = default;
+
+bool AppDelegate::initialize(Platform &platform, UserDefaults &defaults)
+{
+    return registerSettings(defaults, *platform.bookmarkStore, musicFolders());
+}
+
+void AppDelegate::applicationDidFinishLaunching()
+{
+    finishInterruptedRecordings();
+    m_winController = std::make_unique<MainWindowController>(MainWindowDependencies {
+        *m_platform.clock, *m_platform.processInfo, *m_platform.recorderFactory, *m_platform.mailTransport, m_alerts,
+        m_defaults, *this });
+    connectWindow();
+    m_winController->showWindow();
+    // Through the loop's own net: a device's odd name must not keep the rest from starting.
+    QMetaObject::invokeMethod(this, &AppDelegate::updateInputName, Qt::QueuedConnection);
+    connect(m_platform.workspace.get(), &Workspace::applicationActivated, this, &AppDelegate::appWasActivated);
+    auto *timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, &AppDelegate::timeToUpdateInputName);
+    timer->start(inputNameInterval);
+    QTimer::singleShot(preloadDelay, this, [this] { m_platform.recorderFactory->preload(); });
+}
+
+void AppDelegate::finishInterruptedRecordings()
+{
+    Error error;
+    QList<FolderURL> folders;
+    if (const auto folder = recordingsDirectoryURLWithError(&error))
+        folders.append(*folder);
+    m_platform.recorderFactory->finishInterruptedRecordings(folders, recoveryWait);
+}
+
+void AppDelegate::connectWindow()
+{
+    MainWindowController *window = m_winController.get();
+    connect(window, &MainWindowController::terminateRequested, this, &AppDelegate::terminateRequested);
+    connect(window, &MainWindowController::helpRequested, this, &AppDelegate::openHelp);
+    connect(window, &MainWindowController::openURLRequested, this,
+            [this](const QUrl &url) { m_platform.workspace->openURL(url); });
+    for (const QString &message : std::as_const(m_settingsTroubles))
+        window->notices().tell(NoticePlace::Subject::Settings, message);
+}
+
+// Before there is a window, it takes nothing.
+InputNameField AppDelegate::inputNameField()
+{
+    return { [this] { return !m_winController || m_winController->recordingActive(); },
+             [this](const QString &name) { m_winController->inputNameField()->setToolTip(name); },
+             [this](const QString &text) { m_winController->inputNameField()->setText(text); } };
+}
+
+AppDelegate::TerminateReply AppDelegate::applicationShouldTerminate()
+{
+    disconnect(m_platform.workspace.get(), nullptr, this, nullptr);
+    const qint64 choice = m_defaults.integerForKey(SettingsKeys::iWhenToDelete);
+    if (choice != 0)
+        deleteOldFilesChoice(choice);
+    return TerminateNow;
+}
+
+void AppDelegate::deleteOldFilesChoice(qint64 choice)
+{
+    m_oldRecordings.deleteOldFilesChoice(choice);
+}
+
+void AppDelegate::appWasActivated(const QString &identifier)
+{
+    if (identifier == m_platform.workspace->ownIdentifier() || identifier == mailApplicationIdentifier) {
+        m_winController->orderFront();
+        updateInputName();
+    } else if (!m_winController->sheetShowing()) {
+        m_winController->orderOut();
+    }
+}
+
+void AppDelegate::activate()
+{
+    m_winController->showWindow();
+}
+
+void AppDelegate::openHelp()
+{
+    if (!m_platform.workspace->openURL(helpPage))
+        qCWarning(lcApp, "No program opens the help page");
+}
+
+std::optional<FolderURL> AppDelegate::recordingsDirectoryURLWithError(Error *error)
+{
+    return m_folders.recordingsDirectoryURLWithError(error);
+}
+
+std::optional<FolderURL> AppDelegate::attachmentsDirectoryURLWithError(Error *error)
+{
+    return m_folders.attachmentsDirectoryURLWithError(error);
+}
+
+void AppDelegate::timeToUpdateInputName()
+{
+    updateInputName();
+}
+
+void AppDelegate::updateInputName()
+{
+    m_inputMonitor.updateInputName();
+}
+
+std::optional<QString> AppDelegate::nameOfDefaultInputDevice() const
+{
+    return m_inputMonitor.nameOfDefaultInputDevice();
+}
+
+} // namespace kest

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QObject>
+#include <QSocketNotifier>
+
+#include <memory>
+
+namespace kest {
+
+/// Turns the wishes of others that this process end (SIGTERM, SIGINT, SIGHUP)
+/// into a Qt signal. A second one of the same kind ends the process at once.
+///
+/// One object a process. Main thread.
+class TerminationSignals : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit TerminationSignals(QObject *parent = nullptr);
+    ~TerminationSignals() override;
+
+Q_SIGNALS:
+    void received(int signalNumber);
+
+private:
+    void read();
+
+    std::unique_ptr<QSocketNotifier> m_notifier; // null when the system gave no pipe
+};
+
+} // namespace kest
