@@ -161,6 +161,16 @@ private Q_SLOTS:
         QCOMPARE(read(elsewhere + "/files/a.m4a"), QByteArray("sound"));
     }
 
+    void aTrashThatIsTakenAwayBetweenTwoCallsIsMadeAgain()
+    {
+        QVERIFY(write(m_s->folder + "/a.m4a", "one") && write(m_s->folder + "/b.m4a", "two"));
+        QVERIFY(m_s->trashItem(m_s->folder + "/a.m4a"));
+        std::filesystem::remove_all(m_s->trash.toStdString());
+        QVERIFY(m_s->trashItem(m_s->folder + "/b.m4a"));
+        QCOMPARE(listed(m_s->trash + "/files"), QStringList {u"b.m4a"_qs});
+        QCOMPARE(originalPath(m_s->trash, "b.m4a"), m_s->folder + "/b.m4a");
+    }
+
     void aRelativeDataHomeCountsAsNone()
     {
         const QByteArray oldHome = qgetenv("HOME");

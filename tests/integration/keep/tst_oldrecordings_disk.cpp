@@ -5,6 +5,7 @@
 #include "app/UserDefaults.h"
 #include "platform/BookmarkStore.h"
 #include "platform/linux/desktop/PosixFolderContents.h"
+#include "support/PrivateMounts.h"
 
 #include <QElapsedTimer>
 #include <QtTest>
@@ -151,12 +152,15 @@ private Q_SLOTS:
         QVERIFY(!there(m_s->trash));
     }
 
-    // At quit a person waits for this.
+    // At quit a person waits for this. In memory: a disk's file system is slow right after as many deletions, as
+    // tests make them (ext4 does not use a number again for a minute and searches on).
     void tenThousandRecordingsTakeBoundedTime_data() { aFolderNamedLikeARecordingGoesToo_data(); }
 
     void tenThousandRecordingsTakeBoundedTime()
     {
         QFETCH(bool, trashNotDelete);
+        const SmallFileSystem memory(m_s->root, "size=256m");
+        QVERIFY(memory.isMounted() && QDir().mkpath(QFile::decodeName(m_s->folder)));
         m_defaults->setBool(trashNotDelete, SettingsKeys::bTrashNotDelete);
         for (int at = 0; at < 10'000; ++at)
             QVERIFY(record("2024-03-05_14-07-" + QByteArray::number(at) + ".m4a"));
@@ -167,9 +171,17 @@ private Q_SLOTS:
         qInfo("10,000 recordings: %lld ms", static_cast<long long>(taken));
         QVERIFY(listed(m_s->folder).isEmpty());
         QCOMPARE(there(m_s->trash) ? listed(m_s->trash + "/files").size() : 0, trashNotDelete ? 10'000 : 0);
-        QVERIFY2(taken < 10'000, "a second for each thousand");
+        QVERIFY2(taken < 5'000, "half a second for each thousand");
     }
 };
 
-QTEST_GUILESS_MAIN(TestOldRecordingsDisk)
+int main(int argc, char **argv)
+{
+    if (!enterPrivateMounts())
+        return 1;
+    QCoreApplication application(argc, argv);
+    TestOldRecordingsDisk test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_oldrecordings_disk.moc"

@@ -1,7 +1,5 @@
 #include "platform/linux/desktop/FreedesktopTrash.h"
 
-#include "platform/linux/desktop/TrashFolder.h"
-
 #include <QDir>
 
 #include <cerrno>
@@ -62,45 +60,55 @@ QByteArray homeTrash()
     return data + "/Trash";
 }
 
+} // namespace
+
 // One thing to be trashed: its folder, without links in the way, and its name there.
-struct Item {
+struct FreedesktopTrash::Item {
     QByteArray folder;
     QByteArray name;
     FileDescriptor folderFd;
 
     QByteArray path() const { return folder == "/" ? '/' + name : folder + '/' + name; }
+    bool putInto(TrashFolder &trash, const QByteArray &originalPath) const
+    {
+        return trash.put(folderFd, name, originalPath);
+    }
+    bool putAtTop() const;
 };
 
-bool putInHomeTrash(const Item &item)
+bool FreedesktopTrash::Item::putAtTop() const
 {
-    auto trash = TrashFolder::home(homeTrash());
-    return trash && trash->put(item.folderFd, item.name, item.path());
-}
-
-bool putAtTop(const Item &item)
-{
-    const QByteArray top = topOf(item.folder);
-    const QByteArray relative = item.path().mid(top == "/" ? 1 : top.size() + 1);
+    const QByteArray top = topOf(folder);
+    const QByteArray relative = path().mid(top == "/" ? 1 : top.size() + 1);
     auto shared = TrashFolder::administrators(top, ::getuid());
-    if (shared && shared->put(item.folderFd, item.name, relative))
+    if (shared && putInto(*shared, relative))
         return true;
     auto own = TrashFolder::own(top, ::getuid());
-    return own && own->put(item.folderFd, item.name, relative);
+    return own && putInto(*own, relative);
 }
 
-bool trash(const QByteArray &path)
+bool FreedesktopTrash::putInHomeTrash(const Item &item)
+{
+    const QByteArray path = homeTrash();
+    const bool known = m_home && m_homePath == path;
+    if (known && item.putInto(*m_home, item.path()))
+        return true;
+    if (known && errno != ENOENT) // that is: it was removed since, and is made again
+        return false;
+    m_homePath = path;
+    m_home = TrashFolder::home(path);
+    return m_home && item.putInto(*m_home, item.path());
+}
+
+bool FreedesktopTrash::trash(const QByteArray &path)
 {
     struct stat status {};
     if (::lstat(path.constData(), &status) != 0)
         return false;
     Item item {withoutLinks(parentOf(path)), path.mid(path.lastIndexOf('/') + 1), {}};
     item.folderFd = FileDescriptor(::open(item.folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!item.folderFd.isOpen())
-        return false;
-    return putInHomeTrash(item) || putAtTop(item);
+    return item.folderFd.isOpen() && (putInHomeTrash(item) || item.putAtTop());
 }
-
-} // namespace
 
 bool FreedesktopTrash::trashItem(const FileURL &atURL, Error *error)
 {

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "platform/Trash.h"
+#include "platform/linux/desktop/TrashFolder.h"
 
 #include <QByteArray>
+
+#include <optional>
 
 namespace kest {
 
@@ -17,11 +20,21 @@ namespace kest {
 /// 1.7 ms; Qt's (6.4) moves the file into the working folder when XDG_DATA_HOME
 /// does not exist yet.
 ///
-/// Any thread.
+/// Keeps the person's trash open between two calls: most of the time that
+/// thousands of recordings take goes into finding it. One thread at a time.
 class FreedesktopTrash : public Trash
 {
 public:
     bool trashItem(const FileURL &atURL, Error *error) override;
+
+private:
+    struct Item;
+
+    bool trash(const QByteArray &path);
+    bool putInHomeTrash(const Item &item);
+
+    QByteArray m_homePath; // where m_home lies
+    std::optional<TrashFolder> m_home;
 };
 
 } // namespace kest
