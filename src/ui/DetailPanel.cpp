@@ -3,7 +3,7 @@
 #include "ui/Wording.h"
 #include "ui_MainWindow.h"
 
-#include <QFile>
+#include <QDir>
 #include <QLocale>
 
 #include <sys/stat.h>
@@ -19,6 +19,16 @@ std::optional<qint64> fileSize(const FileURL &file)
     if (file.isEmpty() || ::stat(file.nativePath().constData(), &status) != 0)
         return std::nullopt;
     return status.st_size;
+}
+
+/// The file's folder for people, the home folder as "~".
+QString folderText(const FileURL &file)
+{
+    if (file.isEmpty())
+        return {};
+    const QString folder = file.deletingLastPathComponent().displayPath();
+    const QString home = QDir::homePath();
+    return folder == home || folder.startsWith(home + u'/') ? u'~' + folder.mid(home.size()) : folder;
 }
 
 } // namespace
@@ -37,6 +47,7 @@ void DetailPanel::showFile(const FileURL &file, const QString &facts, bool playa
     m_ui.recordingNameField->setText(file.isEmpty() ? tr("None yet") : file.lastPathComponent());
     m_ui.recordingNameField->setToolTip(file.displayPath());
     m_ui.recordingFactsField->setText(facts);
+    m_ui.recordingFolderField->setText(folderText(file));
     m_ui.listenButton->setEnabled(playable);
     m_ui.showInFolderButton->setEnabled(!file.isEmpty());
 }

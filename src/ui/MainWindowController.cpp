@@ -12,6 +12,7 @@
 
 #include <QEvent>
 #include <QMenu>
+#include <QShortcut>
 
 namespace kest {
 
@@ -67,6 +68,10 @@ void MainWindowController::loadWindow()
     m_bindings->connectTree(*m_window);
     connect(m_ui->recordButton, &QAbstractButton::pressed, this,
             [this] { m_dependencies.recorderFactory.warmUp(); });
+    connect(attachmentPopUp(), &PullDownButton::menuNeedsUpdate, this, &MainWindowController::menuNeedsUpdate);
+    connect(attachmentsMenu(), &QMenu::triggered, this, &MainWindowController::attachmentChosen);
+    for (const QKeySequence::StandardKey keys : {QKeySequence::Quit, QKeySequence::Close})
+        connect(new QShortcut(keys, m_window.get()), &QShortcut::activated, m_window.get(), &QWidget::close);
     connectNotices();
 }
 
@@ -190,13 +195,6 @@ bool MainWindowController::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_window.get() && event->type() == QEvent::Close)
         windowWillClose();
     return QObject::eventFilter(watched, event);
-}
-
-void MainWindowController::removeAttachmentMenuSelection()
-{
-    m_attachmentName = QString();
-    attachmentsMenu()->actions().constFirst()->setIcon(iconNamed(m_attachmentsMenuImage));
-    attachmentPopUp()->update();
 }
 
 void MainWindowController::setRecordingActive(bool active)

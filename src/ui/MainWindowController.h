@@ -16,6 +16,7 @@
 #include <functional>
 #include <memory>
 
+class QAction;
 class QMenu;
 
 namespace Ui {
@@ -169,6 +170,13 @@ public Q_SLOTS:
     void mailReplyToSelectedMessages();
     void mailReplyAllToSelectedMessages();
 
+    /// Lists the prepared messages anew; called before the menu opens.
+    void menuNeedsUpdate();
+
+    /// Chooses the item's file, or withdraws the choice when it is the chosen
+    /// one. Withdrawing makes `canReplyOrCompose` false, recording or not.
+    void attachmentChosen(QAction *item);
+
     /// Withdraws the choice of a prepared message. Leaves `canReplyOrCompose`
     /// and the menu's check marks as they are.
     void removeAttachmentMenuSelection();
@@ -211,13 +219,15 @@ private:
     std::optional<FolderURL> recordingsFolder();
     void tellDirectoryNotFound();
     void connectRecorder();
-    void afterRecordingStarted();
+    void afterRecordingStarted(bool recordHadFocus);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
     void recordingFinished(bool kept);
     void startStatusTimer();
     void invalidateStatusTimer();
     void namePauseResumeButton(bool paused);
     QString currentRecordingTime();
+
+    void chooseAttachment(const QString &name, const QString &image);
 
     void composeRecording(const ComposeSettings &settings);
     void composeChosenFile(const ComposeSettings &settings);

@@ -33,6 +33,12 @@ QPalette subdued(QPalette palette)
     return palette;
 }
 
+/// Byte for byte, also where the path is not UTF-8.
+QUrl urlOf(const FileURL &file)
+{
+    return QUrl::fromEncoded("file://" + file.nativePath().toPercentEncoding("/"), QUrl::StrictMode);
+}
+
 } // namespace
 
 void MainWindowController::applyFonts()
@@ -42,9 +48,14 @@ void MainWindowController::applyFonts()
     m_window->setFont(base);
     m_ui->timeField->setFont(sized(base, timePixels, QFont::Light));
     for (QWidget *small : std::initializer_list<QWidget *>{m_ui->noticeField, m_ui->inputNameField,
-                                                           m_ui->recordingFactsField, m_ui->mailAccountField,
+                                                           m_ui->recordingFactsField, m_ui->recordingFolderField,
+                                                           m_ui->mailAccountField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         small->setFont(sized(base, smallTextPixels, QFont::Normal));
+    for (QWidget *quiet : std::initializer_list<QWidget *>{m_ui->inputNameField, m_ui->recordingFactsField,
+                                                           m_ui->recordingFolderField, m_ui->mailAccountField,
+                                                           m_ui->recordingCardHeading, m_ui->mailCardHeading})
+        quiet->setPalette(subdued(m_window->palette()));
     m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
 }
 
@@ -85,12 +96,16 @@ void MainWindowController::mailBusyChanged()
 
 void MainWindowController::updateStatusNotice()
 {
+    const bool paused = m_audioRecorder && m_audioRecorder->recordingPaused();
     QString status = tr("Ready to record");
     if (m_recordingActive)
-        status = m_audioRecorder && m_audioRecorder->recordingPaused() ? tr("Paused") : tr("Recording");
+        status = paused ? tr("Paused") : tr("Recording");
+    else if (!m_attachmentName.isNull())
+        status = tr("“%1” is ready to send").arg(m_attachmentName);
     else if (m_recordingExists)
         status = tr("Recorded, ready to send");
     m_notices.tell(NoticePlace::Subject::Status, status);
+    m_ui->recordButton->setHeld(paused);
 }
 
 void MainWindowController::showNotice()
@@ -98,7 +113,8 @@ void MainWindowController::showNotice()
     ReadoutField *field = m_ui->noticeField;
     const bool important = m_notices.subject() >= NoticePlace::Subject::Settings;
     field->setText(m_notices.text());
-    field->setToolTip(m_notices.text());
+    field->setToolTip(m_notices.detail().isEmpty() ? m_notices.text()
+                                                   : m_notices.text() + u'\n' + m_notices.detail());
     field->setPalette(important ? m_window->palette() : subdued(m_window->palette()));
     if (important) {
         QAccessibleEvent event(field, QAccessible::Alert);
@@ -108,12 +124,12 @@ void MainWindowController::showNotice()
 
 void MainWindowController::showLastRecordingInFolder()
 {
-    Q_EMIT openURLRequested(QUrl::fromLocalFile(m_details->recording().deletingLastPathComponent().path()));
+    Q_EMIT openURLRequested(urlOf(m_details->recording().deletingLastPathComponent()));
 }
 
 void MainWindowController::playLastRecording()
 {
-    Q_EMIT openURLRequested(QUrl::fromLocalFile(m_details->recording().path()));
+    Q_EMIT openURLRequested(urlOf(m_details->recording()));
 }
 
 } // namespace kest

@@ -26,6 +26,7 @@ void MainWindowController::audioRecordingRecord()
         return tellDirectoryNotFound();
     m_notices.withdraw(NoticePlace::Subject::Recording);
     m_notices.withdraw(NoticePlace::Subject::Hint);
+    const bool hadFocus = m_ui->recordButton->hasFocus();
     m_audioRecorder.reset();
     m_audioRecorder = std::make_unique<AudioRecorder>(m_dependencies.recorderFactory, m_dependencies.clock);
     connectRecorder();
@@ -34,7 +35,7 @@ void MainWindowController::audioRecordingRecord()
     setRecordingActive(true);
     setRecordingExists(true);
     startStatusTimer();
-    afterRecordingStarted();
+    afterRecordingStarted(hadFocus);
 }
 
 std::optional<FolderURL> MainWindowController::recordingsFolder()
@@ -60,18 +61,21 @@ void MainWindowController::connectRecorder()
 }
 
 /// What the window adds of its own once the recording is under way.
-void MainWindowController::afterRecordingStarted()
+void MainWindowController::afterRecordingStarted(bool recordHadFocus)
 {
+    // Disabled, Record passed its focus on to whatever came next: a second press of the same key must not send mail.
+    if (recordHadFocus)
+        pauseResumeButton()->setFocus(Qt::OtherFocusReason);
     namePauseResumeButton(false);
     m_details->showRecordingUnderWay(m_audioRecorder->recordingURL());
     if (!m_audioRecorder->recorder())
-        m_notices.tell(NoticePlace::Subject::Recording, wordsFor(RecordingTrouble::CannotWrite, QString()));
+        m_notices.tell(NoticePlace::Subject::Recording, wordsFor(RecordingTrouble::CannotWrite));
     updateStatusNotice();
 }
 
 void MainWindowController::tellTrouble(RecordingTrouble trouble, const QString &detail)
 {
-    m_notices.tell(NoticePlace::Subject::Recording, wordsFor(trouble, detail));
+    m_notices.tell(NoticePlace::Subject::Recording, wordsFor(trouble), detail);
 }
 
 void MainWindowController::recordingFinished(bool kept)

@@ -20,28 +20,33 @@ NoticePlace::NoticePlace(QObject *parent)
     connect(&m_hintTimer, &QTimer::timeout, this, [this] { withdraw(Subject::Hint); });
 }
 
-void NoticePlace::tell(Subject subject, const QString &text)
+void NoticePlace::tell(Subject subject, const QString &text, const QString &detail)
 {
     if (subject == Subject::Hint)
         text.isEmpty() ? m_hintTimer.stop() : m_hintTimer.start();
-    if (m_texts.value(subject) == text)
+    if (m_notices.value(subject) == Notice{text, detail})
         return;
     if (text.isEmpty())
-        m_texts.remove(subject);
+        m_notices.remove(subject);
     else
-        m_texts.insert(subject, text);
+        m_notices.insert(subject, {text, detail});
     Q_EMIT changed();
 }
 
 QString NoticePlace::text() const
 {
-    return m_texts.value(subject());
+    return m_notices.value(subject()).text;
+}
+
+QString NoticePlace::detail() const
+{
+    return m_notices.value(subject()).detail;
 }
 
 NoticePlace::Subject NoticePlace::subject() const
 {
     for (const Subject subject : mostUrgentFirst) {
-        if (m_texts.contains(subject))
+        if (m_notices.contains(subject))
             return subject;
     }
     return Subject::Status;

@@ -28,12 +28,16 @@ public:
 
     explicit NoticePlace(QObject *parent = nullptr);
 
-    /// An empty text withdraws the subject's notice.
-    void tell(Subject subject, const QString &text);
+    /// One sentence of at most 60 characters or so, and what more there is to
+    /// say. An empty text withdraws the subject's notice.
+    void tell(Subject subject, const QString &text, const QString &detail = {});
     void withdraw(Subject subject) { tell(subject, QString()); }
 
     /// The most urgent notice; empty when there is none.
     QString text() const;
+
+    /// The rest of it; may be empty.
+    QString detail() const;
 
     /// Its subject; Status when there is none.
     Subject subject() const;
@@ -45,7 +49,13 @@ Q_SIGNALS:
     void changed();
 
 private:
-    QHash<Subject, QString> m_texts;
+    struct Notice {
+        QString text;
+        QString detail;
+        friend bool operator==(const Notice &, const Notice &) = default;
+    };
+
+    QHash<Subject, Notice> m_notices;
     QTimer m_hintTimer;
 };
 

@@ -15,7 +15,15 @@ QString translated(const char *text)
     return QCoreApplication::translate("kest::Wording", text);
 }
 
-QString sentenceFor(RecordingTrouble trouble)
+bool exists(const FileURL &url)
+{
+    struct stat status = {};
+    return ::lstat(url.nativePath().constData(), &status) == 0;
+}
+
+} // namespace
+
+QString wordsFor(RecordingTrouble trouble)
 {
     switch (trouble) {
     case RecordingTrouble::NoSoundServer:
@@ -23,9 +31,9 @@ QString sentenceFor(RecordingTrouble trouble)
     case RecordingTrouble::NoMicrophone:
         return translated(QT_TRANSLATE_NOOP("kest::Wording", "No microphone was found, so nothing is recorded."));
     case RecordingTrouble::MicrophoneLost:
-        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone went away. The recording so far is kept."));
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone went away. The recording is kept."));
     case RecordingTrouble::SoundServerLost:
-        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound server ended. The recording so far is kept."));
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound server ended. The recording is kept."));
     case RecordingTrouble::NoSound:
         return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone gives no sound. What it gave is kept."));
     case RecordingTrouble::DiskFull:
@@ -36,20 +44,6 @@ QString sentenceFor(RecordingTrouble trouble)
         return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound encoder is missing, so nothing is recorded."));
     }
     return {};
-}
-
-bool exists(const FileURL &url)
-{
-    struct stat status = {};
-    return ::lstat(url.nativePath().constData(), &status) == 0;
-}
-
-} // namespace
-
-QString wordsFor(RecordingTrouble trouble, const QString &detail)
-{
-    const QString sentence = sentenceFor(trouble);
-    return detail.isEmpty() ? sentence : QStringLiteral("%1 (%2)").arg(sentence, detail);
 }
 
 QString wordsForHandOver(qint64 done, qint64 total)

@@ -7,8 +7,8 @@
 
 namespace kest {
 
-/// What happened to the recording, in calm words. `detail` may be empty.
-QString wordsFor(RecordingTrouble trouble, const QString &detail);
+/// What happened to the recording, in calm words that fit one line.
+QString wordsFor(RecordingTrouble trouble);
 
 /// "1.2 MB of 4.8 MB handed to the mail application"; bytes.
 QString wordsForHandOver(qint64 done, qint64 total);

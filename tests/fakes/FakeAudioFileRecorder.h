@@ -60,12 +60,14 @@ class FakeAudioFileRecorderFactory : public AudioFileRecorderFactory
 public:
     std::unique_ptr<AudioFileRecorder> create(const FileURL &url, const AudioRecorderSettings &settings,
                                               Error *error) override;
+    void warmUp() override { ++warmUps; }
 
     /// The newest recorder; null once it is destroyed.
     FakeAudioFileRecorder *last() const { return made.isEmpty() ? nullptr : made.last().data(); }
 
     QList<QPointer<FakeAudioFileRecorder>> made;
     QStringList calls;             ///< In order, of all recorders; "~" is a destruction.
+    int warmUps = 0;
     bool refuses = false;          ///< No recorder is made.
     bool askedForError = false;    ///< An error slot was given.
     bool createsFiles = true;      ///< prepareToRecord writes a small file.

@@ -2,7 +2,7 @@
 
 #include "ui/controls/Icons.h"
 
-#include <QFocusEvent>
+#include <QEvent>
 #include <QKeySequence>
 #include <QPainter>
 
@@ -17,6 +17,17 @@ constexpr int sidePadding = 12;
 constexpr int glyphSize = 18;
 constexpr int iconGap = 7;
 constexpr double plainRadius = 8.0;
+
+/// The person moves by keyboard: only then is a focus ring of use. A disabled
+/// control passes its focus on as if Tab had been pressed, so the reason of a
+/// focus does not tell.
+bool keyboardDriven = false;
+
+QColor translucent(QColor color, double amount)
+{
+    color.setAlphaF(static_cast<float>(amount));
+    return color;
+}
 
 } // namespace
 
@@ -80,19 +91,18 @@ QSize ControlButton::sizeHint() const
 
 QColor ControlButton::fillColor() const
 {
-    const QColor window = palette().color(QPalette::Window);
-    const QColor ink = palette().color(QPalette::WindowText);
+    const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
     if (m_kind == Kind::Primary && isEnabled()) {
         const QColor accent = palette().color(QPalette::Highlight);
         return isDown() ? mixed(accent, Qt::black, 0.18) : isHovered() ? mixed(accent, Qt::white, 0.12) : accent;
     }
     if (isDown())
-        return mixed(window, ink, 0.18);
+        return translucent(ink, 0.2);
     if (isHovered())
-        return mixed(window, ink, 0.12);
+        return translucent(ink, 0.13);
     if (m_kind == Kind::Ghost)
         return Qt::transparent;
-    return mixed(window, ink, isEnabled() ? 0.075 : 0.04);
+    return translucent(ink, isEnabled() ? 0.08 : 0.04);
 }
 
 QColor ControlButton::inkColor() const
@@ -144,7 +154,7 @@ void ControlButton::paintContents(QPainter &painter) const
 
 void ControlButton::paintFocusRing(QPainter &painter, double ringRadius) const
 {
-    if (!m_showsFocus)
+    if (!hasFocus() || !keyboardDriven)
         return;
     // On the highlight itself the ring would vanish.
     const bool onHighlight = m_kind == Kind::Primary && isEnabled();
@@ -155,18 +165,13 @@ void ControlButton::paintFocusRing(QPainter &painter, double ringRadius) const
                             ringRadius - inset);
 }
 
-void ControlButton::focusInEvent(QFocusEvent *event)
+bool ControlButton::event(QEvent *event)
 {
-    m_showsFocus = event->reason() != Qt::MouseFocusReason && event->reason() != Qt::ActiveWindowFocusReason;
-    QAbstractButton::focusInEvent(event);
-    update();
-}
-
-void ControlButton::focusOutEvent(QFocusEvent *event)
-{
-    m_showsFocus = false;
-    QAbstractButton::focusOutEvent(event);
-    update();
+    if (event->type() == QEvent::KeyPress)
+        keyboardDriven = true;
+    else if (event->type() == QEvent::MouseButtonPress)
+        keyboardDriven = false;
+    return QAbstractButton::event(event);
 }
 
 void ControlButton::enterEvent(QEnterEvent *event)

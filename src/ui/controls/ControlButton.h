@@ -50,9 +50,8 @@ public:
     QSize minimumSizeHint() const override { return sizeHint(); }
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void focusInEvent(QFocusEvent *event) override;
-    void focusOutEvent(QFocusEvent *event) override;
     void enterEvent(QEnterEvent *event) override;
     void leaveEvent(QEvent *event) override;
 
@@ -75,7 +74,6 @@ private:
     QString m_keys;
     QString m_hint;
     bool m_hovered = false;
-    bool m_showsFocus = false;
 };
 
 } // namespace kest

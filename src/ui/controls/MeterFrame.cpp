@@ -6,6 +6,12 @@
 
 namespace kest {
 
+namespace {
+
+constexpr double darkGlass = 0.4;
+
+} // namespace
+
 MeterFrame::MeterFrame(QWidget *parent)
     : QWidget(parent)
     , m_corners(new QWidget(this))
@@ -37,7 +43,13 @@ bool MeterFrame::eventFilter(QObject *watched, QEvent *event)
     outside.addRect(QRectF(rect()));
     QPainter painter(m_corners);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.fillPath(outside.subtracted(bar), palette().color(QPalette::Window));
+    const QColor window = palette().color(QPalette::Window);
+    painter.fillPath(outside.subtracted(bar), window);
+    // The bar's colours are made for a light ground and would glare on a dark one.
+    if (window.lightness() < 128) {
+        painter.setOpacity(darkGlass);
+        painter.fillRect(rect(), window);
+    }
     return true;
 }
 

@@ -4,8 +4,8 @@
 
 namespace kest {
 
-/// Rounds the ends of the plain bar that is laid out in it: a ring in the
-/// window's colour lies over its corners.
+/// Rounds the ends of the plain bar that is laid out in it, and dims it on a
+/// dark ground: a glass lies over it.
 class MeterFrame : public QWidget
 {
     Q_OBJECT

@@ -84,13 +84,16 @@ void ReadoutField::paintEvent(QPaintEvent *)
 void ReadoutField::paintTabular()
 {
     QPainter painter(this);
+    const QString shown = text();
+    const bool placeholder = std::none_of(shown.cbegin(), shown.cend(), [](QChar each) { return each.isDigit(); });
     painter.setPen(textColor());
+    painter.setOpacity(placeholder ? 0.4 : 1.0);
     const int cell = cellWidth();
-    // A colon is narrower than a digit and needs no whole cell.
+    // What is no digit is narrower and needs no whole cell.
     const int narrow = qRound(cell * 0.6);
     int x = 0;
-    for (const QChar character : text()) {
-        const int width = character == u':' ? narrow : cell;
+    for (const QChar character : shown) {
+        const int width = character.isDigit() ? cell : narrow;
         painter.drawText(QRect(x, 0, width, height()), Qt::AlignHCenter | Qt::AlignVCenter | Qt::TextDontClip,
                          QString(character));
         x += width;

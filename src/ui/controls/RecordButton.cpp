@@ -28,6 +28,12 @@ void RecordButton::setOnAir(bool onAir)
     update();
 }
 
+void RecordButton::setHeld(bool held)
+{
+    m_held = held;
+    update();
+}
+
 QSize RecordButton::sizeHint() const
 {
     return {diameter, diameter};
@@ -39,6 +45,8 @@ QColor RecordButton::discColor() const
         return mixed(red, Qt::black, 0.18);
     if (isHovered())
         return mixed(red, Qt::white, 0.1);
+    if (m_onAir && m_held)
+        return mixed(palette().color(QPalette::Window), red, 0.55);
     if (isEnabled() || m_onAir)
         return red;
     return mixed(palette().color(QPalette::Window), red, 0.4);

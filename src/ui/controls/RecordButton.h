@@ -10,6 +10,7 @@ class RecordButton : public ControlButton
 {
     Q_OBJECT
     Q_PROPERTY(bool onAir READ onAir WRITE setOnAir)
+    Q_PROPERTY(bool held READ held WRITE setHeld)
 
 public:
     explicit RecordButton(QWidget *parent = nullptr);
@@ -17,6 +18,10 @@ public:
     /// A recording is on; then the button looks lit rather than disabled.
     bool onAir() const { return m_onAir; }
     void setOnAir(bool onAir);
+
+    /// The recording is held: the ring stays, the disc fades.
+    bool held() const { return m_held; }
+    void setHeld(bool held);
 
     QSize sizeHint() const override;
 
@@ -27,6 +32,7 @@ private:
     QColor discColor() const;
 
     bool m_onAir = false;
+    bool m_held = false;
 };
 
 } // namespace kest

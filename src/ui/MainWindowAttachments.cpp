@@ -1,0 +1,45 @@
+// The menu of prepared messages in MainWindowController's window.
+
+#include "ui/ApplicationDelegate.h"
+#include "ui/MainWindowController.h"
+#include "ui/OptionalAttachmentsMenu.h"
+#include "ui/controls/Icons.h"
+#include "ui_MainWindow.h"
+
+#include <QMenu>
+
+namespace kest {
+
+void MainWindowController::menuNeedsUpdate()
+{
+    // A missing folder is told by the menu itself.
+    const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(nullptr);
+    fillOptionalAttachmentsMenu(*attachmentsMenu(), folder, m_attachmentName);
+    if (folder && attachmentsMenu()->actions().size() == 1)
+        m_notices.tell(NoticePlace::Subject::Hint, tr("The folder of prepared messages is empty."),
+                       folder->displayPath());
+}
+
+void MainWindowController::attachmentChosen(QAction *item)
+{
+    const QString name = fileNameFromTitle(attachmentTitle(*item));
+    const bool withdraws = name == m_attachmentName;
+    chooseAttachment(withdraws ? QString() : name, withdraws ? m_attachmentsMenuImage : m_attachmentsMenuImageChosen);
+    // Not the mirror of each other: a withdrawn choice disables the commands even where a recording is running.
+    setCanReplyOrCompose(!withdraws);
+}
+
+void MainWindowController::removeAttachmentMenuSelection()
+{
+    chooseAttachment(QString(), m_attachmentsMenuImage);
+}
+
+void MainWindowController::chooseAttachment(const QString &name, const QString &image)
+{
+    m_attachmentName = name;
+    attachmentsMenu()->actions().constFirst()->setIcon(iconNamed(image));
+    attachmentPopUp()->update();
+    updateStatusNotice();
+}
+
+} // namespace kest
