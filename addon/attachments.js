@@ -36,10 +36,16 @@ function checkName(name) {
 }
 
 /**
- * The attachment for a file that has arrived. Thunderbird keeps a copy in a
- * temporary file named after `file`, which must stay short and plain; the name
- * that people see is `name`.
+ * The file to attach under a name. Thunderbird keeps a copy in a temporary file
+ * named after it, so its own name is short and plain.
  */
+export function plainFile(parts, name) {
+  const suffix = extension(name);
+  const type = TYPES[suffix.toLowerCase()] ?? "";
+  return new File(parts, suffix ? `attachment.${suffix}` : "attachment", { type });
+}
+
+/** The attachment for a file that has arrived: {name, file, offset}. */
 export function attachment(name, reference) {
   checkName(name);
   const arrived = arriving.get(reference?.file);
@@ -47,9 +53,7 @@ export function attachment(name, reference) {
   if (!arrived?.complete) {
     throw new MailError("Failed", `“${name}” did not arrive whole.`);
   }
-  const suffix = extension(name);
-  const type = TYPES[suffix.toLowerCase()] ?? "";
-  return { name, file: new File(arrived.parts, suffix ? `attachment.${suffix}` : "attachment", { type }), offset: 0 };
+  return { name, file: plainFile(arrived.parts, name), offset: 0 };
 }
 
 /**

@@ -1,6 +1,7 @@
 /** The compose window: opening it for a message, its text, closing it. */
 
 import { formatMailbox } from "./addresses.js";
+import { plainFile } from "./attachments.js";
 import { asHtml, findSignature, insertAtBodyStart, replaceBody, withoutSignature } from "./text.js";
 import { shown } from "./windows.js";
 
@@ -84,30 +85,42 @@ async function begin(message) {
   return messenger.compose.beginNew(fields);
 }
 
-/** Adds to the window's list at the place that the message's own list says. */
-export async function attach(message, added) {
-  const following = message.attachments.slice(message.attachments.indexOf(added) + 1);
-  const place = async item => {
-    const made = await messenger.compose.addAttachment(message.tabId, item);
-    return made.id;
-  };
-  added.id = await place({ file: added.file, name: added.name });
+async function addToWindow(message, added, file) {
+  const made = await messenger.compose.addAttachment(message.tabId, { file, name: added.name });
+  added.id = made.id;
   delete added.file;
-  for (const later of following) {
-    const moved = await place({ id: later.id });
+}
+
+/**
+ * Adds to the window's list at the place that the message's own list says.
+ * Thunderbird only appends, and passes over a file that is attached already:
+ * what must follow is taken out and added again.
+ */
+export async function attach(message, added) {
+  await addToWindow(message, added, added.file);
+  for (const later of message.attachments.slice(message.attachments.indexOf(added) + 1)) {
+    const file = await messenger.compose.getAttachmentFile(later.id);
     await messenger.compose.removeAttachment(message.tabId, later.id);
-    later.id = moved;
+    await addToWindow(message, later, plainFile([file], later.name));
   }
+}
+
+/** A reply's own quote, formatting included, stays where only text in front of it was added. */
+async function fill(message) {
+  const { content, quote } = message;
+  if (quote === null || !content.endsWith(quote)) {
+    return writeContent(message, content);
+  }
+  const added = content.slice(0, content.length - quote.length);
+  return added && writeAbove(message, added);
 }
 
 /** Opens the window of a message that was hidden until now, with all that it holds. */
 export async function open(message) {
   adopt(message, await begin(message));
-  await writeContent(message, message.content);
+  await fill(message);
   for (const added of message.attachments) {
-    const made = await messenger.compose.addAttachment(message.tabId, { file: added.file, name: added.name });
-    added.id = made.id;
-    delete added.file;
+    await addToWindow(message, added, added.file);
   }
 }
 

@@ -55,11 +55,11 @@ export class Connection {
 
   /** Long messages come in base64 pieces, because the browser passes at most one mebibyte at once. */
   #takePiece({ piece, last }) {
-    this.#pieces.push(Uint8Array.fromBase64(piece));
+    this.#pieces.push(piece);
     if (last) {
-      const whole = new Blob(this.#pieces);
+      const bytes = Uint8Array.fromBase64(this.#pieces.join(""));
       this.#pieces = [];
-      whole.text().then(text => this.on.message(JSON.parse(text)));
+      this.on.message(JSON.parse(new TextDecoder().decode(bytes)));
     }
   }
 

@@ -19,7 +19,7 @@ export function make(values) {
   }
   const message = {
     id: ++lastId, subject: "", content: "", identityId: null, to: [], cc: [], bcc: [], attachments: [],
-    answers: null, tabId: null, windowId: null, plainSignature: "", ready: Promise.resolve(), ...values,
+    answers: null, quote: null, tabId: null, windowId: null, plainSignature: "", ready: Promise.resolve(), ...values,
   };
   messages.set(message.id, message);
   return message;

@@ -68,7 +68,8 @@ async function hide(reply) {
   const { tabId } = reply;
   const details = await composing.details(reply);
   reply.subject = details.subject;
-  reply.content = await composing.contentOf(reply);
+  reply.quote = await composing.contentOf(reply);
+  reply.content = reply.quote;
   for (const kind of ["to", "cc", "bcc"]) {
     reply[kind] = await parseMailboxes(details[kind]);
   }

@@ -1,6 +1,6 @@
 /** Sending, confirmed. */
 
-import { close, details } from "./composing.js";
+import { details } from "./composing.js";
 import { MailError } from "./errors.js";
 import { forget } from "./outgoing.js";
 import { raise } from "./windows.js";
@@ -8,6 +8,7 @@ import { raise } from "./windows.js";
 const PROMPT_MS = 5000;
 const READY_MS = 3000;
 const AFTER_CLOSE_MS = 3000;
+const CONFIRM_MS = 1500;
 
 function pause(milliseconds) {
   return new Promise(resolve => setTimeout(resolve, milliseconds));
@@ -52,10 +53,29 @@ async function sendWhenReady(tabId) {
   }
 }
 
+async function isOpen(tabId) {
+  return Boolean(await messenger.tabs.get(tabId).catch(() => null));
+}
+
+/**
+ * Thunderbird resolves its promise even when the server refused: only a sent
+ * message has got its Message-ID, and only a sent message's window closes.
+ */
+async function confirm(result, tabId) {
+  const deadline = Date.now() + CONFIRM_MS;
+  while (!result.headerMessageId && await isOpen(tabId)) {
+    if (Date.now() > deadline) {
+      throw new MailError("Failed", "Thunderbird could not send the message; it is still open there.");
+    }
+    await pause(50);
+  }
+}
+
 /**
  * Sends what stands in the message's window; returns when the server took it.
  * While Thunderbird asks the person something it stays unsent: after some
- * seconds the window is raised so that the question is seen.
+ * seconds the window is raised so that the question is seen. A message that
+ * was not sent keeps its window.
  */
 export async function send(message) {
   await checkRecipients(message);
@@ -63,11 +83,10 @@ export async function send(message) {
   const closed = closedUnsent(tabId);
   const prompt = setTimeout(() => raise(windowId).catch(() => {}), PROMPT_MS);
   try {
-    await Promise.race([sendWhenReady(tabId), closed.failed]);
+    await confirm(await Promise.race([sendWhenReady(tabId), closed.failed]), tabId);
   } finally {
     clearTimeout(prompt);
     closed.stop();
   }
   forget(message);
-  await messenger.tabs.get(tabId).then(() => close(tabId)).catch(() => {});
 }

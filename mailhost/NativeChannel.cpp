@@ -17,7 +17,8 @@ namespace {
 
 constexpr qsizetype lengthSize = sizeof(quint32);
 constexpr qsizetype readStep = 64 * 1024;
-constexpr qsizetype pieceSize = 700 * 1024;
+// A multiple of three, so that the pieces' base64 joined is the whole's.
+constexpr qsizetype pieceSize = 750000;
 
 void makeNonBlocking(int descriptor)
 {

@@ -7,3 +7,5 @@ function(kest_mail_endtoend name)
 endfunction()
 
 kest_mail_endtoend(mail_newmessage)
+kest_mail_endtoend(mail_vocabulary)
+kest_mail_endtoend(mail_replies)

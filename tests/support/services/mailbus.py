@@ -29,14 +29,22 @@ class MailBus:
     def _signalled(self, *arguments, member):
         self.signals.append((member, *[int(argument) for argument in arguments]))
 
+    def take_signals(self):
+        """All signals that have come since the last time, as (name, arguments...)."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+        taken, self.signals = self.signals, []
+        return taken
+
     def wait_signal(self, name, seconds=10):
-        """Until a signal of that name has come; forgets all that came before it."""
+        """Until a signal of that name has come; returns all that came up to now."""
+        taken = []
+
         def seen():
-            while GLib.MainContext.default().iteration(False):
-                pass
-            return name in [signal[0] for signal in self.signals]
+            taken.extend(self.take_signals())
+            return name in [signal[0] for signal in taken]
         wait_until(seen, f"the signal {name}", seconds)
-        self.signals = self.signals[[signal[0] for signal in self.signals].index(name) + 1:]
+        return taken
 
     def interface_of(self, path):
         if path.startswith(ROOT + "/message/"):

@@ -6,6 +6,8 @@ import os
 import re
 import signal
 import subprocess
+import threading
+import time
 from pathlib import Path
 
 from .base import ServiceError, wait_until
@@ -228,10 +230,43 @@ class Thunderbird:
         self.raise_window(title)
         self.sandbox.run(["xdotool", "key", "--clearmodifiers", "--delay", "40", *keys])
 
+    def open_inbox(self, bus, messages=1):
+        """Waits for the inbox, which opens by itself, and clicks its first message; needs one there.
+
+        `bus` (a MailBus) says what is selected; `messages` is how many must have arrived.
+        """
+        window = self.wait_window("Inbox - ", 30)
+        self.raise_window("Inbox - ")
+        wait_until(lambda: self._click_first(window, bus), "the first message of the inbox to be selected", 30, every=0.1)
+        wait_until(lambda: self.select_all(bus) >= messages, f"{messages} messages in the inbox", 30, every=0.1)
+        self.select_first(bus)
+
+    def _click_first(self, window, bus):
+        self.sandbox.run(["xdotool", "mousemove", "--window", window, "430", "150", "click", "1"])
+        time.sleep(0.1)
+        return len(bus.selection()) == 1
+
+    def select_all(self, bus):
+        """Selects every message of the list that has the keyboard; returns how many the bus then names."""
+        self.press("Inbox - ", "Home", "shift+End")
+        time.sleep(0.1)
+        return len(bus.selection())
+
+    def select_first(self, bus):
+        """Selects the first message alone, and returns its path."""
+        self.press("Inbox - ", "Home")
+        return wait_until(lambda: len(bus.selection()) == 1 and bus.selection(), "one selected message")[0]
+
     def send_from_window(self, title):
         """Sends the message of a compose window as a person does, and waits for the window to go."""
         self.press(title, "ctrl+Return")
         wait_until(lambda: not self.windows(title), f"the window “{title}” to close after sending", 20, every=0.05)
+
+    def answer_prompt(self, title, *keys):
+        """Presses keys in a prompt with that title when it comes, while the caller goes on."""
+        thread = threading.Thread(target=self.press, args=(title, *keys), daemon=True)
+        thread.start()
+        return thread
 
     def receive(self, message, user="anna"):
         """Puts a mail into the inbox on the server; Thunderbird is told by IMAP's IDLE."""
