@@ -29,7 +29,6 @@ class MailCase(unittest.TestCase):
         SessionBus(cls.sandbox)
         cls.display = Display(cls.sandbox)
         cls.mail = MailServer(cls.sandbox)
-        cls.addClassCleanup(cls.mail.close)
         cls.prepare_mail()
         cls.thunderbird = Thunderbird(cls.sandbox, cls.mail, **cls.options)
         cls.thunderbird.start()

@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Runs a command with private services round it, and ends them with it.
 
-    with_services.py [--sound pulseaudio|pipewire] [--bus] [--accessibility] [--display [WIDTHxHEIGHT]] -- COMMAND ...
+    with_services.py [--sound pulseaudio|pipewire] [--bus] [--accessibility] [--display [WIDTHxHEIGHT]]
+        [--thunderbird] -- COMMAND ...
 
 The command always gets a throw-away home. What the services are reachable by stands in its environment.
 """
@@ -25,23 +26,41 @@ def parse(argv):
     parser.add_argument("--bus", action="store_true")
     parser.add_argument("--accessibility", action="store_true")
     parser.add_argument("--display", nargs="?", const="1280x800")
+    parser.add_argument("--thunderbird", action="store_true",
+                        help="a real Thunderbird with two accounts; three mails in its inbox, all selected")
     parser.add_argument("--keep", action="store_true", help="keep the throw-away home and say where it is")
     return parser.parse_args(argv[:split]), argv[split + 1:]
 
 
 def start_services(sandbox, options):
-    if options.bus or options.accessibility or options.sound == "pipewire":
+    if options.bus or options.thunderbird or options.accessibility or options.sound == "pipewire":
         from services.bus import SessionBus
         sandbox.session_bus = SessionBus(sandbox)
-    if options.display:
+    if options.display or options.thunderbird:
         from services.display import Display
-        sandbox.display = Display(sandbox, options.display)
+        sandbox.display = Display(sandbox, options.display or "1280x800")
     if options.accessibility:
         from services.bus import AccessibilityBus
         sandbox.accessibility = AccessibilityBus(sandbox)
     if options.sound:
         from services.sound import SoundServer
         sandbox.sound = SoundServer(sandbox, options.sound)
+    if options.thunderbird:
+        start_thunderbird(sandbox)
+
+
+def start_thunderbird(sandbox):
+    from services.mailbus import MailBus
+    from services.mailserver import MailServer, message
+    from services.thunderbird import Thunderbird
+    mail = MailServer(sandbox)
+    for number in (1, 2, 3):
+        mail.put("anna", message("Ben Ford <ben@example.test>", "anna@example.test", f"Question {number}", "How are you?",
+                                 Cc="Carl <carl@example.test>"))
+    sandbox.thunderbird = Thunderbird(sandbox, mail, second_account=True).start()
+    bus = MailBus(sandbox.env["DBUS_SESSION_BUS_ADDRESS"])
+    sandbox.thunderbird.open_inbox(bus, 3)
+    sandbox.thunderbird.select_all(bus)
 
 
 def main():

@@ -73,6 +73,7 @@ class Sandbox:
         for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME", "TMPDIR"):
             Path(self.env[name]).mkdir(parents=True, exist_ok=True)
         self.processes = []
+        self.at_close = []  # Called, last one first, before the processes are ended.
 
     def __enter__(self):
         return self
@@ -120,6 +121,8 @@ class Sandbox:
         return path.read_text(errors="replace") if path.exists() else ""
 
     def close(self):
+        while self.at_close:
+            self.at_close.pop()()
         for process in reversed(list(self.processes)):
             self.stop(process)
         if not self.keep:

@@ -93,6 +93,7 @@ class MailServer:
         self._start_imap()
         self._start_smtp()
         sandbox.env["KEST_SENT_MAIL"] = str(self.outbox)
+        sandbox.at_close.append(self.close)
 
     def _start_imap(self):
         root = os.geteuid() == 0
@@ -162,6 +163,7 @@ class MailServer:
             path.unlink()
 
     def close(self):
+        """Called at the sandbox's end."""
         self.smtp.stop()
         self.sandbox.stop(self.imap)
         shutil.rmtree(self.folder, ignore_errors=True)
