@@ -57,16 +57,17 @@ export function attachment(name, reference) {
 }
 
 /**
- * Inserts at an offset of the content. An attachment takes one place there, so
- * one that is inserted at the offset of another lands in front of it.
+ * Inserts at an offset of a content of that length. An attachment takes one
+ * place there, so one that is inserted at the offset of another lands in front
+ * of it; an offset beyond the end means the end.
  */
-export function insertAt(list, added, offset) {
+export function insertAt(list, added, offset, length) {
+  added.offset = Math.min(offset, length + list.length);
   for (const present of list) {
-    if (present.offset >= offset) {
+    if (present.offset >= added.offset) {
       present.offset += 1;
     }
   }
-  added.offset = offset;
   list.push(added);
   list.sort((one, other) => one.offset - other.offset);
 }

@@ -2,7 +2,7 @@
 
 import { formatMailbox } from "./addresses.js";
 import { plainFile } from "./attachments.js";
-import { asHtml, findSignature, insertAtBodyStart, replaceBody, withoutSignature } from "./text.js";
+import { asHtml, findSignature, insertAtBodyStart, replaceBody, unflow, withoutSignature } from "./text.js";
 import { shown } from "./windows.js";
 
 export function recipientList(mailboxes) {
@@ -31,7 +31,8 @@ export async function details(message) {
 /** The text of a compose window without its signature. */
 export async function contentOf(message) {
   const now = await details(message);
-  return withoutSignature(now.plainTextBody, signatureText(message, now));
+  const text = now.isPlainText ? now.plainTextBody : unflow(now.plainTextBody).replaceAll("\u00a0", " ");
+  return withoutSignature(text, signatureText(message, now));
 }
 
 async function writePlain(message, text, signature) {

@@ -15,7 +15,7 @@ export async function newMessage({ subject, content, account, index, attachments
   const message = outgoing.make({ subject, content, identityId: chosen?.identities[0].id ?? null });
   try {
     for (const [name, file] of attachments) {
-      insertAt(message.attachments, attachment(name, file), index);
+      insertAt(message.attachments, attachment(name, file), index, content.length);
     }
   } catch (error) {
     outgoing.forget(message);
@@ -35,9 +35,10 @@ export async function replyInOne({ original, content, account, replyToAll, send:
   const files = attachments.map(([name, file]) => attachment(name, file));
   const reply = await openReply(message, replyToAll, await accountNamed(account));
   return outgoing.inTurn(reply, async () => {
+    reply.content = content;
     await composing.writeAbove(reply, content);
     for (const file of files) {
-      insertAt(reply.attachments, file, index);
+      insertAt(reply.attachments, file, index, content.length);
       await composing.attach(reply, file);
     }
     await (sendNow ? send(reply) : raise(reply.windowId));

@@ -30,6 +30,23 @@ export function replaceBody(html, content) {
   return start ? `${html.slice(0, start.index + start[0].length)}${content}</body>` : content;
 }
 
+/** Takes the soft line breaks and the stuffing of RFC 3676 (format=flowed) out of a text. */
+export function unflow(text) {
+  const lines = [];
+  let open = null;
+  for (const raw of text.split("\n")) {
+    const depth = /^>*/.exec(raw)[0].length;
+    const said = raw.slice(depth).replace(/^ /, "");
+    if (open === depth) {
+      lines[lines.length - 1] += said;
+    } else {
+      lines.push(`${">".repeat(depth)}${depth && said ? " " : ""}${said}`);
+    }
+    open = said.endsWith(" ") && said !== "-- " ? depth : null;
+  }
+  return lines.join("\n");
+}
+
 function squeeze(text) {
   return text.replace(/\s+/g, " ").trim();
 }

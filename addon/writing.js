@@ -87,7 +87,7 @@ export async function addRecipient(message, { kind, name, address }) {
 
 export async function insertAttachment(message, { fileName, file, index }) {
   const added = attachment(fileName, file);
-  insertAt(message.attachments, added, index);
+  insertAt(message.attachments, added, index, message.content.length);
   if (isVisible(message)) {
     await composing.attach(message, added);
   }

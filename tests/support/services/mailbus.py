@@ -82,20 +82,22 @@ class MailBus:
         """`attachments`: pairs of name and bytes."""
         opened = [(name, open_file(data)) for name, data in attachments]
         files = dbus.Array([(name, dbus.types.UnixFd(file.fileno())) for name, file in opened], signature="(sh)")
-        path = self.call("NewMessage", subject, content, account, dbus.UInt64(index), files, signature="sssta(sh)",
-                         seconds=120)
-        for _name, file in opened:
-            file.close()
-        return str(path)
+        try:
+            return str(self.call("NewMessage", subject, content, account, dbus.UInt64(index), files,
+                                 signature="sssta(sh)", seconds=120))
+        finally:
+            for _name, file in opened:
+                file.close()
 
     def reply(self, original, content="", account="", all=False, send=False, delete=False, index=END, attachments=()):
         opened = [(name, open_file(data)) for name, data in attachments]
         files = dbus.Array([(name, dbus.types.UnixFd(file.fileno())) for name, file in opened], signature="(sh)")
-        path = self.call("Reply", dbus.ObjectPath(original), content, account, all, send, delete, dbus.UInt64(index),
-                         files, signature="ossbbbta(sh)", seconds=120)
-        for _name, file in opened:
-            file.close()
-        return str(path)
+        try:
+            return str(self.call("Reply", dbus.ObjectPath(original), content, account, all, send, delete,
+                                 dbus.UInt64(index), files, signature="ossbbbta(sh)", seconds=120))
+        finally:
+            for _name, file in opened:
+                file.close()
 
 
 def open_file(data):
