@@ -63,11 +63,11 @@ async function isOpen(tabId) {
  */
 async function confirm(result, tabId) {
   const deadline = Date.now() + CONFIRM_MS;
-  while (!result.headerMessageId && await isOpen(tabId)) {
-    if (Date.now() > deadline) {
-      throw new MailError("Failed", "Thunderbird could not send the message; it is still open there.");
-    }
-    await pause(50);
+  while (Date.now() < deadline && await isOpen(tabId)) {
+    await pause(20);
+  }
+  if (!result.headerMessageId && await isOpen(tabId)) {
+    throw new MailError("Failed", "Thunderbird could not send the message; it is still open there.");
   }
 }
 

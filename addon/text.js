@@ -47,46 +47,31 @@ export function unflow(text) {
   return lines.join("\n");
 }
 
-function squeeze(text) {
-  return text.replace(/\s+/g, " ").trim();
+/** The place of the signature in a plain text as {start, end}, or null: its last appearance, however its lines are broken. */
+function placeOfSignature(text, signature) {
+  const words = signature.split(/\s+/).filter(Boolean).map(word => word.replace(/[^\w\s]/g, "\\$&"));
+  if (!words.length) {
+    return null;
+  }
+  const last = [...text.matchAll(new RegExp(`(?<=^|\n)${words.join("\\s+")}`, "g"))].at(-1);
+  return last ? { start: last.index, end: last.index + last[0].length } : null;
 }
 
 /**
- * Where the signature starts in a plain text, or -1: the last line "-- " that
- * is followed by the signature's text, whatever the line breaks in it.
- * `signature` is the signature's text including that line.
+ * Where the signature starts in a plain text, or -1. `signature` is its text,
+ * the line "-- " included.
  */
 export function findSignature(text, signature) {
-  const wanted = squeeze(signature);
-  if (!wanted) {
-    return -1;
-  }
-  const lines = text.split("\n");
-  let offset = text.length;
-  for (let index = lines.length - 1; index >= 0; index--) {
-    offset -= lines[index].length;
-    if (squeeze(lines[index]) && wanted.startsWith(squeeze(lines[index]))
-        && squeeze(text.slice(offset)).startsWith(wanted)) {
-      return offset;
-    }
-    offset -= 1;
-  }
-  return -1;
+  return placeOfSignature(text, signature)?.start ?? -1;
 }
 
 /** The text without its signature, and without the blank lines that set the signature off. */
 export function withoutSignature(text, signature) {
-  const start = findSignature(text, signature);
-  if (start < 0) {
+  const place = placeOfSignature(text, signature);
+  if (!place) {
     return text;
   }
-  const rest = text.slice(start);
-  const wanted = squeeze(signature).length;
-  let end = 0;
-  for (let seen = 0; end < rest.length && seen < wanted; end++) {
-    seen = squeeze(rest.slice(0, end + 1)).length;
-  }
-  const after = rest.slice(end).replace(/^\n+/, "");
-  const before = text.slice(0, start).replace(/\n+$/, "");
+  const before = text.slice(0, place.start).replace(/\n+$/, "");
+  const after = text.slice(place.end).replace(/^\n+/, "");
   return after ? `${before}\n\n${after}` : before;
 }

@@ -11,7 +11,8 @@ import * as writing from "./writing.js";
 
 const recipients = kind => message => writing.getRecipients(message, kind);
 
-const INTERFACES = {
+/** By interface, then kind of call, then member. */
+export const INTERFACES = {
   Application: {
     find: () => null,
     run: (_target, work) => work(),

@@ -14,12 +14,13 @@ from pathlib import Path
 
 EPOCH = (1980, 1, 1, 0, 0, 0)
 PARTS = (".js", ".json", ".svg", ".html", ".css")
+NOT_SHIPPED = {"node_modules", "tests", "package.json", "package-lock.json"}
 
 
 def sources(folder):
     return sorted(path for path in folder.rglob("*")
-                  if path.is_file() and path.suffix in PARTS and "node_modules" not in path.parts
-                  and path.name not in ("package.json", "package-lock.json"))
+                  if path.is_file() and path.suffix in PARTS
+                  and not NOT_SHIPPED.intersection(path.relative_to(folder).parts))
 
 
 def pack(folder, version, target):

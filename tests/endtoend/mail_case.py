@@ -18,9 +18,10 @@ import dbus  # noqa: E402
 
 
 class MailCase(unittest.TestCase):
-    """`options` go to Thunderbird's fixture."""
+    """`options` go to Thunderbird's fixture, `arguments` onto its command line."""
 
     options = {}
+    arguments = ()
 
     @classmethod
     def setUpClass(cls):
@@ -31,7 +32,7 @@ class MailCase(unittest.TestCase):
         cls.mail = MailServer(cls.sandbox)
         cls.prepare_mail()
         cls.thunderbird = Thunderbird(cls.sandbox, cls.mail, **cls.options)
-        cls.thunderbird.start()
+        cls.thunderbird.start(True, *cls.arguments)
         cls.bus = MailBus(cls.sandbox.env["DBUS_SESSION_BUS_ADDRESS"])
 
     @classmethod

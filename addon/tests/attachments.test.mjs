@@ -1,0 +1,71 @@
+import assert from "node:assert/strict";
+import { test } from "node:test";
+
+import "./fake.mjs";
+import { attachment, dropFile, insertAt, plainFile, takeChunk } from "../attachments.js";
+
+function arrive(id, text, last = true) {
+  takeChunk({ chunk: id, data: Buffer.from(text).toString("base64"), last });
+}
+
+test("pieces make the whole file, in their order", async () => {
+  arrive(1, "first ", false);
+  arrive(1, "second", true);
+  assert.equal(await attachment("a.txt", { file: 1 }).file.text(), "first second");
+});
+
+test("a file that has not arrived whole is no attachment, and neither is one used before", () => {
+  arrive(2, "half", false);
+  assert.throws(() => attachment("a.txt", { file: 2 }), { name: "Failed" });
+  arrive(3, "whole");
+  attachment("a.txt", { file: 3 });
+  assert.throws(() => attachment("a.txt", { file: 3 }), { name: "Failed" });
+});
+
+test("a dropped file is gone", () => {
+  arrive(4, "whole");
+  dropFile(4);
+  assert.throws(() => attachment("a.txt", { file: 4 }), { name: "Failed" });
+});
+
+test("the temporary file has a plain short name and the right type", () => {
+  const file = plainFile(["x"], "Grüße; 🎤 rm -rf.M4A");
+  assert.deepEqual([file.name, file.type], ["attachment.M4A", "audio/mp4"]);
+  assert.equal(plainFile(["x"], "no extension").name, "attachment");
+  assert.equal(plainFile(["x"], "x./../y").name, "attachment");
+});
+
+test("names that no file can have are refused", () => {
+  arrive(5, "x");
+  for (const name of ["", ".", "..", "a/b", "a\0b", "ü".repeat(128)]) {
+    assert.throws(() => attachment(name, { file: 5 }), { name: "InvalidArgument" });
+  }
+});
+
+function names(list) {
+  return list.map(entry => entry.name).join(" ");
+}
+
+test("attachments at one index stand in reverse order", () => {
+  const list = [];
+  for (const name of ["one", "two", "three"]) {
+    insertAt(list, { name }, 4, 10);
+  }
+  assert.equal(names(list), "three two one");
+});
+
+test("an index beyond the end means the end, also for the next one", () => {
+  const list = [];
+  for (const name of ["one", "two", "three"]) {
+    insertAt(list, { name }, Number.MAX_SAFE_INTEGER, 10);
+  }
+  assert.equal(names(list), "one two three");
+});
+
+test("an attachment takes one place in the content", () => {
+  const list = [];
+  insertAt(list, { name: "one" }, 4, 10);
+  insertAt(list, { name: "after" }, 5, 10);
+  insertAt(list, { name: "before" }, 3, 10);
+  assert.equal(names(list), "before one after");
+});

@@ -1,0 +1,101 @@
+import assert from "node:assert/strict";
+import { beforeEach, mock, test } from "node:test";
+
+import { event, turns, useMessenger } from "./fake.mjs";
+import { Connection } from "../connection.js";
+
+let ports = [];
+let heard = [];
+
+function newPort() {
+  const port = { onMessage: event(), onDisconnect: event(), sent: [], postMessage: message => port.sent.push(message) };
+  ports.push(port);
+  return port;
+}
+
+function connect() {
+  const connection = new Connection({
+    hello: async () => ({ version: "1", name: "Thunderbird", applicationVersion: "153" }),
+    message: message => heard.push(message),
+    opened: () => heard.push("opened"),
+    closed: () => heard.push("closed"),
+  });
+  connection.open();
+  return connection;
+}
+
+beforeEach(() => {
+  ports = [];
+  heard = [];
+  mock.timers.reset();
+  mock.timers.enable({ apis: ["setTimeout"] });
+  useMessenger({ runtime: { connectNative: newPort } });
+});
+
+test("it says hello at once", async () => {
+  connect();
+  await turns();
+  assert.equal(ports[0].sent[0].hello.protocol, 1);
+  assert.equal(ports[0].sent[0].hello.version, "1");
+});
+
+test("opening twice keeps the one port", () => {
+  connect().open();
+  assert.equal(ports.length, 1);
+});
+
+test("a host that spoke and died is started again after half a second", () => {
+  connect();
+  ports[0].onMessage.fire({ hello: {} });
+  ports[0].onDisconnect.fire();
+  assert.deepEqual(heard, ["opened", "closed"]);
+  mock.timers.tick(499);
+  assert.equal(ports.length, 1);
+  mock.timers.tick(1);
+  assert.equal(ports.length, 2);
+});
+
+test("a host that keeps dying is started ever more slowly, and never more often than every eight seconds in the end", () => {
+  connect();
+  for (let death = 0; death < 6; death++) {
+    ports.at(-1).onMessage.fire({ hello: {} });
+    ports.at(-1).onDisconnect.fire();
+    mock.timers.tick(8000);
+  }
+  ports.at(-1).onMessage.fire({ hello: {} });
+  ports.at(-1).onDisconnect.fire();
+  const count = ports.length;
+  mock.timers.tick(7999);
+  assert.equal(ports.length, count);
+  mock.timers.tick(1);
+  assert.equal(ports.length, count + 1);
+});
+
+test("a host that never speaks is left alone after three tries", () => {
+  mock.method(console, "warn", () => {});
+  connect();
+  for (let round = 0; round < 20; round++) {
+    ports.at(-1).onDisconnect.fire();
+    mock.timers.tick(60000);
+  }
+  assert.equal(ports.length, 3);
+});
+
+test("a disconnect of an old port does not touch the new one", () => {
+  connect();
+  ports[0].onMessage.fire({ hello: {} });
+  ports[0].onDisconnect.fire();
+  mock.timers.tick(500);
+  ports[0].onDisconnect.fire();
+  mock.timers.tick(60000);
+  assert.equal(ports.length, 2);
+});
+
+test("pieces of a long message are put together", () => {
+  connect();
+  const bytes = Buffer.from(JSON.stringify({ call: 7, text: "ä".repeat(10) }));
+  ports[0].onMessage.fire({ piece: bytes.subarray(0, 12).toString("base64"), last: false });
+  assert.deepEqual(heard, []);
+  ports[0].onMessage.fire({ piece: bytes.subarray(12).toString("base64"), last: true });
+  assert.deepEqual(heard, [{ call: 7, text: "ä".repeat(10) }]);
+});
