@@ -113,7 +113,7 @@ bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBus
     }
     connection.send(answer);
     if (trouble.action == u"vanish-after")
-        QTimer::singleShot(0, this, [] { std::_Exit(0); });
+        QTimer::singleShot(50, this, [] { std::_Exit(0); }); // when the bus has the answer
     return true;
 }
 

@@ -40,6 +40,7 @@ public:
 
 private:
     MailReply carryOut(const MailCall &call);
+    std::optional<QDBusMessage> delivered(const MailCall &call, const QVariantList &arguments, Error *error);
     std::optional<QString> reachedService(Error *error);
     bool waitForNames(Error *error);
     bool startMailApplication(Error *error);

@@ -1,12 +1,16 @@
 #include "platform/linux/mail/DefaultMailApplication.h"
 
 #include <QDir>
-#include <QProcess>
+#include <QFile>
 
 #include <csignal>
-#include <linux/close_range.h>
-#include <sys/syscall.h>
+#include <cstring>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
+#include <vector>
 
 namespace kest {
 
@@ -27,27 +31,75 @@ QString withoutFieldCodes(const QString &word)
     return text;
 }
 
-// Runs in the child, between fork and exec: only what is safe there.
-void forgetParent()
+// Some describe this process to who started it, the other is set by this program for itself.
+bool isMeantForOthers(const char *variable)
 {
-    ::syscall(SYS_close_range, 3U, ~0U, CLOSE_RANGE_CLOEXEC);
-    for (int number = 1; number < NSIG; ++number)
-        std::signal(number, SIG_DFL);
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-}
-
-// Some describe this process to who started it, the others are set by this program for itself.
-QProcessEnvironment environmentForOthers()
-{
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     for (const char *name : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "GIO_LAUNCHED_DESKTOP_FILE",
                              "GIO_LAUNCHED_DESKTOP_FILE_PID", "NOTIFY_SOCKET", "LISTEN_FDS", "LISTEN_PID",
-                             "INVOCATION_ID", "JOURNAL_STREAM", "QT_QPA_PLATFORM"})
-        environment.remove(QString::fromLatin1(name));
-    return environment;
+                             "INVOCATION_ID", "JOURNAL_STREAM", "QT_QPA_PLATFORM"}) {
+        const size_t length = std::strlen(name);
+        if (std::strncmp(variable, name, length) == 0 && variable[length] == '=')
+            return false;
+    }
+    return true;
 }
+
+std::vector<char *> environmentForOthers()
+{
+    std::vector<char *> variables;
+    for (char **variable = environ; *variable; ++variable) {
+        if (isMeantForOthers(*variable))
+            variables.push_back(*variable);
+    }
+    variables.push_back(nullptr);
+    return variables;
+}
+
+// What the new process begins with, by posix_spawn(3): QProcess passes on every descriptor that is not close-on-exec and
+// every ignored signal.
+class FreshStart
+{
+public:
+    FreshStart()
+    {
+        ::posix_spawn_file_actions_init(&m_actions);
+        ::posix_spawn_file_actions_addopen(&m_actions, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        ::posix_spawn_file_actions_addopen(&m_actions, STDOUT_FILENO, "/dev/null", O_WRONLY, 0);
+        ::posix_spawn_file_actions_adddup2(&m_actions, STDOUT_FILENO, STDERR_FILENO);
+        ::posix_spawn_file_actions_addclosefrom_np(&m_actions, STDERR_FILENO + 1);
+        ::posix_spawn_file_actions_addchdir_np(&m_actions, QFile::encodeName(QDir::homePath()).constData());
+        ::posix_spawnattr_init(&m_attributes);
+        sigset_t signals;
+        ::sigfillset(&signals);
+        ::posix_spawnattr_setsigdefault(&m_attributes, &signals);
+        ::sigemptyset(&signals);
+        ::posix_spawnattr_setsigmask(&m_attributes, &signals);
+        ::posix_spawnattr_setflags(&m_attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
+    }
+
+    ~FreshStart()
+    {
+        ::posix_spawnattr_destroy(&m_attributes);
+        ::posix_spawn_file_actions_destroy(&m_actions);
+    }
+
+    FreshStart(const FreshStart &) = delete;
+    FreshStart &operator=(const FreshStart &) = delete;
+
+    /// Its process id, or nothing.
+    std::optional<pid_t> run(std::vector<char *> &words) const
+    {
+        pid_t process = 0;
+        std::vector<char *> environment = environmentForOthers();
+        if (::posix_spawnp(&process, words[0], &m_actions, &m_attributes, words.data(), environment.data()) != 0)
+            return std::nullopt;
+        return process;
+    }
+
+private:
+    posix_spawn_file_actions_t m_actions = {};
+    posix_spawnattr_t m_attributes = {};
+};
 
 } // namespace
 
@@ -83,16 +135,19 @@ QStringList commandOfExecKey(const QString &exec)
 
 bool startDetached(const InstalledMailApplication &application)
 {
-    QProcess process;
-    process.setProgram(application.command.first());
-    process.setArguments(application.command.mid(1));
-    process.setWorkingDirectory(QDir::homePath());
-    process.setProcessEnvironment(environmentForOthers());
-    process.setStandardInputFile(QProcess::nullDevice());
-    process.setStandardOutputFile(QProcess::nullDevice());
-    process.setStandardErrorFile(QProcess::nullDevice());
-    process.setChildProcessModifier(forgetParent);
-    return process.startDetached();
+    QList<QByteArray> texts;
+    for (const QString &word : application.command)
+        texts.append(QFile::encodeName(word));
+    std::vector<char *> words;
+    for (QByteArray &text : texts)
+        words.push_back(text.data());
+    words.push_back(nullptr);
+    const std::optional<pid_t> process = FreshStart().run(words);
+    if (!process)
+        return false;
+    // It is our child until we end, so somebody has to take its end.
+    std::thread([child = *process] { ::waitpid(child, nullptr, 0); }).detach();
+    return true;
 }
 
 } // namespace kest

@@ -40,6 +40,7 @@ QString sentence(MailErrorCode code)
     case MailErrorCode::NoAddOn:
         return localized("The mail application does not answer Kest. Install Kest's add-on in it, and try again.");
     case MailErrorCode::Vanished:
+    case MailErrorCode::NotDelivered:
         return localized("The mail application went away before it was done.");
     case MailErrorCode::Malformed:
         return localized("The mail application's answer makes no sense to Kest.");
@@ -78,6 +79,7 @@ Error mailError(const QDBusError &error, bool timedOut)
     case QDBusError::TimedOut:
         return mailError(timedOut ? MailErrorCode::TimedOut : MailErrorCode::Vanished);
     case QDBusError::ServiceUnknown:
+        return mailError(MailErrorCode::NotDelivered);
     case QDBusError::Disconnected:
         return mailError(MailErrorCode::Vanished);
     case QDBusError::UnknownObject:
@@ -89,6 +91,8 @@ Error mailError(const QDBusError &error, bool timedOut)
     default:
         break;
     }
+    if (error.name() == u"org.freedesktop.DBus.Error.NameHasNoOwner")
+        return mailError(MailErrorCode::NotDelivered);
     const MailErrorCode code = codeNamed(error.name());
     // The mail application's own words say more than ours.
     if (code == MailErrorCode::Failed && !error.message().isEmpty())
@@ -108,6 +112,7 @@ bool concernsAllCalls(const Error &error)
     case MailErrorCode::NoApplication:
     case MailErrorCode::NoAddOn:
     case MailErrorCode::Vanished:
+    case MailErrorCode::NotDelivered:
     case MailErrorCode::Malformed:
         return true;
     default:

@@ -22,6 +22,7 @@ enum class MailErrorCode {
     NoApplication,  ///< No mail application is installed, or it did not start.
     NoAddOn,        ///< One was started, but does not offer the interface.
     Vanished,       ///< It went away before it answered.
+    NotDelivered,   ///< It was gone before the call reached it.
     Malformed,      ///< The answer is not what the interface says.
     Ending,         ///< This program is ending.
 };

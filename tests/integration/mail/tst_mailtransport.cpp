@@ -1,0 +1,228 @@
+#include "platform/linux/mail/DBusMailTransport.h"
+#include "platform/linux/mail/MailErrors.h"
+#include "support/FakeMail.h"
+
+#include <QtTest>
+
+using namespace kest;
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+const QString rootPath = QStringLiteral("/org/kest/Mail1");
+const QString applicationInterface = QStringLiteral("org.kest.Mail1.Application");
+
+MailCall applicationCall(const QString &member, const QVariantList &arguments = {})
+{
+    return {rootPath, applicationInterface, member, MailCall::Kind::Method, arguments};
+}
+
+MailErrorCode codeOf(const MailReply &reply)
+{
+    return reply.error ? static_cast<MailErrorCode>(reply.error->code) : MailErrorCode{};
+}
+
+} // namespace
+
+/// The transport against a mail application that fails, waits, hangs and
+/// vanishes.
+class TestMailTransport : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        if (!m_fake.isRunning())
+            m_fake.start();
+        m_fake.configure();
+        m_transport = std::make_unique<DBusMailTransport>();
+    }
+
+    void cleanup() { m_fake.thaw(); }
+
+    void callsAreAnsweredInPlainValues()
+    {
+        const MailReply accounts = m_transport->call(applicationCall(u"Accounts"_s));
+        QVERIFY(!accounts.error);
+        QCOMPARE(accounts.values[0].toList()[0].toStringList(),
+                 (QStringList{u"account1"_s, u"Home"_s, u"Me <me@example.org>"_s}));
+        QCOMPARE(m_transport->call(applicationCall(u"Selection"_s)).values[0].toStringList(),
+                 QStringList{rootPath + u"/message/1"_s});
+    }
+
+    void propertiesAreReadAndWritten()
+    {
+        const QString path =
+            m_transport->call(applicationCall(u"MakeOutgoingMessage"_s, {u"a"_s, u"b"_s})).values[0].toString();
+        MailCall subject{path, u"org.kest.Mail1.OutgoingMessage"_s, u"Subject"_s, MailCall::Kind::WriteProperty, {u"new"_s}};
+        QVERIFY(!m_transport->call(subject).error);
+        subject.kind = MailCall::Kind::ReadProperty;
+        subject.arguments.clear();
+        QCOMPARE(m_transport->call(subject).values[0].toString(), u"new"_s);
+    }
+
+    void textWithANullCharacterArrivesWhole()
+    {
+        m_transport->call(applicationCall(u"MakeOutgoingMessage"_s, {u"s"_s, u"a"_s + QChar() + u"b"_s}));
+        QCOMPARE(m_fake.onlyOutgoing()[u"content"].toString(), u"a\ufffdb"_s);
+    }
+
+    void unknownMembersAndWrongArgumentsFailWithoutACall()
+    {
+        QCOMPARE(codeOf(m_transport->call(applicationCall(u"Explode"_s))), MailErrorCode::Unsupported);
+        QCOMPARE(codeOf(m_transport->call(applicationCall(u"MakeOutgoingMessage"_s, {u"one"_s}))),
+                 MailErrorCode::InvalidArgument);
+        QCOMPARE(m_fake.log(), QStringList());
+    }
+
+    void timersRunAndFurtherCallsFailAtOnceWhileACallWaits()
+    {
+        QSignalSpy busy(m_transport.get(), &MailTransport::busyChanged);
+        int ticks = 0;
+        std::optional<MailReply> nested;
+        QTimer timer;
+        timer.callOnTimeout(this, [&] {
+            if (++ticks == 2)
+                nested = m_transport->call(applicationCall(u"Selection"_s));
+        });
+        timer.start(10ms);
+        m_fake.at(1, u"delay"_s, u"300"_s);
+        QVERIFY(!m_transport->call(applicationCall(u"Accounts"_s)).error);
+        QVERIFY(ticks > 5);
+        QVERIFY(nested && codeOf(*nested) == MailErrorCode::Busy);
+        QCOMPARE(m_fake.log(), QStringList{u"Application.Accounts"_s});
+        QCOMPARE(busy, (QList<QVariantList>{{true}, {false}}));
+        QVERIFY(!m_transport->isBusy());
+    }
+
+    void errorsKeepTheirMeaningAndTheirWords_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("code");
+        QTest::newRow("no such object") << u"NoSuchObject"_s << int(MailErrorCode::NoSuchObject);
+        QTest::newRow("invalid argument") << u"InvalidArgument"_s << int(MailErrorCode::InvalidArgument);
+        QTest::newRow("not connected") << u"NotConnected"_s << int(MailErrorCode::NotConnected);
+        QTest::newRow("mismatch") << u"Mismatch"_s << int(MailErrorCode::Mismatch);
+        QTest::newRow("timed out") << u"TimedOut"_s << int(MailErrorCode::TimedOut);
+        QTest::newRow("unsupported") << u"Unsupported"_s << int(MailErrorCode::Unsupported);
+        QTest::newRow("failed") << u"Failed"_s << int(MailErrorCode::Failed);
+        QTest::newRow("a later one") << u"SomethingNew"_s << int(MailErrorCode::Failed);
+    }
+    void errorsKeepTheirMeaningAndTheirWords()
+    {
+        QFETCH(QString, name);
+        QFETCH(int, code);
+        m_fake.at(1, u"fail"_s, name + u" It is raining."_s);
+        const MailReply reply = m_transport->call(applicationCall(u"Accounts"_s));
+        QVERIFY(reply.error);
+        QVERIFY(reply.values.isEmpty());
+        QCOMPARE(reply.error->code, code);
+        QCOMPARE(reply.error->domain, mailErrorDomain);
+        QVERIFY((reply.error->description + reply.error->failureReason).contains(u"It is raining."));
+        QVERIFY(!reply.error->description.isEmpty());
+    }
+
+    void nonsenseForAnAnswerIsAnError()
+    {
+        m_fake.at(1, u"garble"_s);
+        m_fake.at(2, u"garble"_s);
+        QCOMPARE(codeOf(m_transport->call(applicationCall(u"Accounts"_s))), MailErrorCode::Malformed);
+        const MailCall features{rootPath, applicationInterface, u"Features"_s, MailCall::Kind::ReadProperty, {}};
+        QCOMPARE(codeOf(m_transport->call(features)), MailErrorCode::Malformed);
+        QVERIFY(!m_transport->call(applicationCall(u"Accounts"_s)).error);
+    }
+
+    void mailApplicationThatVanishesIsSaidSoAndALaterOneServes()
+    {
+        QSignalSpy vanished(m_transport.get(), &MailTransport::mailApplicationVanished);
+        QSignalSpy appeared(m_transport.get(), &MailTransport::mailApplicationAppeared);
+        QSignalSpy unreachable(m_transport.get(), &MailTransport::mailApplicationUnreachable);
+        m_fake.at(1, u"vanish"_s);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QCOMPARE(codeOf(m_transport->call(applicationCall(u"Accounts"_s))), MailErrorCode::Vanished);
+        QVERIFY(elapsed.elapsed() < 2000);
+        QCOMPARE(unreachable.size(), 1);
+        QTRY_COMPARE(vanished.size(), 1);
+        m_fake.start();
+        QVERIFY(!m_transport->call(applicationCall(u"Accounts"_s)).error);
+        QCOMPARE(appeared.size(), 2);
+    }
+
+    void answerOfOneThatVanishesRightAfterwardsCounts()
+    {
+        m_fake.at(1, u"vanish-after"_s);
+        QVERIFY(!m_transport->call(applicationCall(u"Accounts"_s)).error);
+        QTRY_VERIFY(!m_fake.isRunning());
+    }
+
+    void hangingCallEndsAtItsTimeLimit()
+    {
+        DBusMailTransport transport({.answer = 200ms});
+        m_fake.at(1, u"hang"_s);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QCOMPARE(codeOf(transport.call(applicationCall(u"Accounts"_s))), MailErrorCode::TimedOut);
+        QVERIFY(elapsed.elapsed() >= 180 && elapsed.elapsed() < 2000);
+        QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
+    }
+
+    void stoppedMailApplicationEndsAtTheTimeLimitAndServesWhenItGoesOn()
+    {
+        DBusMailTransport transport({.answer = 200ms});
+        QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
+        m_fake.freeze();
+        QCOMPARE(codeOf(transport.call(applicationCall(u"Accounts"_s))), MailErrorCode::TimedOut);
+        m_fake.thaw();
+        QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
+    }
+
+    void halvesOfDifferentVersionsAreSaidSo()
+    {
+        m_fake.configure({{u"protocolVersion"_s, 2}});
+        const MailReply reply = m_transport->call(applicationCall(u"Accounts"_s));
+        QCOMPARE(codeOf(reply), MailErrorCode::Mismatch);
+        QVERIFY(reply.error->description.contains(u"different versions"));
+        QCOMPARE(m_fake.log(), QStringList());
+        m_fake.configure();
+        QVERIFY(!m_transport->call(applicationCall(u"Accounts"_s)).error);
+    }
+
+    void versionIsCheckedAgainWhenTheMailApplicationIsReplaced()
+    {
+        QVERIFY(!m_transport->call(applicationCall(u"Accounts"_s)).error);
+        m_fake.start();
+        m_fake.configure({{u"protocolVersion"_s, 2}});
+        QCOMPARE(codeOf(m_transport->call(applicationCall(u"Accounts"_s))), MailErrorCode::Mismatch);
+    }
+
+    void endOfTheProgramEndsAWaitingCall()
+    {
+        m_fake.at(1, u"hang"_s);
+        QTimer::singleShot(100ms, this, [] { QCoreApplication::exit(); });
+        QCOMPARE(codeOf(m_transport->call(applicationCall(u"Accounts"_s))), MailErrorCode::Ending);
+    }
+
+    void focusOfTheMailApplicationIsPassedOnWithoutACallBefore()
+    {
+        QSignalSpy appeared(m_transport.get(), &MailTransport::mailApplicationAppeared);
+        QSignalSpy gained(m_transport.get(), &MailTransport::mailApplicationFocusGained);
+        QSignalSpy lost(m_transport.get(), &MailTransport::mailApplicationFocusLost);
+        QTRY_COMPARE(appeared.size(), 1);
+        QCOMPARE(appeared[0][0].toString(), m_fake.busName());
+        m_fake.emitFocus(true);
+        QTRY_COMPARE(gained.size(), 1);
+        m_fake.emitFocus(false);
+        QTRY_COMPARE(lost.size(), 1);
+        QCOMPARE(gained.size(), 1);
+    }
+
+private:
+    test::FakeMail m_fake;
+    std::unique_ptr<DBusMailTransport> m_transport;
+};
+
+QTEST_GUILESS_MAIN(TestMailTransport)
+#include "tst_mailtransport.moc"
