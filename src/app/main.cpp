@@ -3,10 +3,12 @@
 #include "app/UserDefaults.h"
 #include "mail/ASMail.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/desktop/SingleInstance.h"
 #include "platform/linux/desktop/TerminationSignals.h"
 #include "ui/Alert.h"
 
 #include <QStandardPaths>
+#include <QTimer>
 
 using namespace kest;
 
@@ -20,7 +22,21 @@ QString settingsPath()
     return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/kest/settings.ini");
 }
 
-int run(Application &application)
+// How long a second start waits for the first one to come to the front.
+constexpr std::chrono::milliseconds handOverLimit { 3000 };
+
+// The window is painted by then.
+constexpr int serveDelay = 100; // ms
+
+bool handedOver(SingleInstance &instance, int argc, char **argv)
+{
+    if (instance.isFirst())
+        return false;
+    const QCoreApplication application(argc, argv);
+    return instance.handOver(handOverLimit);
+}
+
+int run(Application &application, SingleInstance &instance)
 {
     Platform platform = makeLinuxPlatform();
     UserDefaults defaults(settingsPath());
@@ -33,7 +49,9 @@ int run(Application &application)
         QObject::connect(&delegate, &AppDelegate::terminateRequested, &application, &Application::terminate);
         TerminationSignals wishes;
         QObject::connect(&wishes, &TerminationSignals::received, &application, &Application::terminate);
+        QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::activate);
         delegate.applicationDidFinishLaunching();
+        QTimer::singleShot(serveDelay, &instance, &SingleInstance::serve);
         application.exec();
     }
     platform.recorderFactory->waitForFinished(finishWait);
@@ -44,6 +62,9 @@ int run(Application &application)
 
 int main(int argc, char **argv)
 {
+    SingleInstance instance;
+    if (handedOver(instance, argc, argv))
+        return EXIT_SUCCESS;
     ASMail::loadScriptObjects();
     preferX11();
     Application application(argc, argv);
@@ -51,5 +72,5 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("Kest"));
     QApplication::setApplicationVersion(QStringLiteral(KEST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.kest.Kest"));
-    return run(application);
+    return run(application, instance);
 }

@@ -1,0 +1,102 @@
+#include "platform/linux/desktop/SingleInstance.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDeadlineTimer>
+#include <QThread>
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace kest {
+
+namespace {
+
+using namespace std::chrono_literals;
+
+const QString busName = QStringLiteral("org.kest.Kest");
+const QString objectPath = QStringLiteral("/org/kest/Kest");
+const QString interfaceName = QStringLiteral("org.freedesktop.Application");
+constexpr auto answerLimit = 1s;
+constexpr auto betweenTries = 20ms;
+
+// The right to the focus, which the launcher gave to the process that it started.
+const std::pair<const char *, QString> tokens[] {
+    { "XDG_ACTIVATION_TOKEN", QStringLiteral("activation-token") },
+    { "DESKTOP_STARTUP_ID", QStringLiteral("desktop-startup-id") },
+};
+
+QVariantMap ownPlatformData()
+{
+    QVariantMap data;
+    for (const auto &[variable, key] : tokens) {
+        if (qEnvironmentVariableIsSet(variable))
+            data.insert(key, qEnvironmentVariable(variable));
+    }
+    return data;
+}
+
+bool activateRunning()
+{
+    QDBusMessage call = QDBusMessage::createMethodCall(busName, objectPath, interfaceName, QStringLiteral("Activate"));
+    call << ownPlatformData();
+    call.setAutoStartService(false); // that would start a third one
+    const int limit = int(std::chrono::milliseconds(answerLimit).count());
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, limit).type() == QDBusMessage::ReplyMessage;
+}
+
+} // namespace
+
+SingleInstance::SingleInstance(QObject *parent) : QObject(parent)
+{
+    lock();
+}
+
+void SingleInstance::lock()
+{
+    const QByteArray folder = qgetenv("XDG_RUNTIME_DIR");
+    if (!m_lock.isOpen() && !folder.isEmpty())
+        m_lock = FileDescriptor(::open((folder + "/kest.lock").constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    m_isFirst = !m_lock.isOpen() || ::flock(m_lock.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+bool SingleInstance::handOver(std::chrono::milliseconds limit)
+{
+    const QDeadlineTimer deadline(limit);
+    while (!m_isFirst && QDBusConnection::sessionBus().isConnected() && !deadline.hasExpired()) {
+        if (activateRunning())
+            return true;
+        QThread::msleep(std::chrono::milliseconds(betweenTries).count());
+        lock(); // it may just have ended
+    }
+    return false;
+}
+
+void SingleInstance::serve()
+{
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    if (bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots))
+        bus.registerService(busName);
+}
+
+void SingleInstance::Activate(const QVariantMap &platformData)
+{
+    // Qt takes the Wayland token from the environment when it asks for the focus.
+    const auto &[variable, key] = tokens[0];
+    if (platformData.contains(key))
+        qputenv(variable, platformData.value(key).toString().toUtf8());
+    Q_EMIT activated();
+    qunsetenv(variable);
+}
+
+void SingleInstance::Open(const QStringList &, const QVariantMap &platformData)
+{
+    Activate(platformData); // there is nothing that Kest opens
+}
+
+void SingleInstance::ActivateAction(const QString &, const QVariantList &, const QVariantMap &platformData)
+{
+    Activate(platformData);
+}
+
+} // namespace kest

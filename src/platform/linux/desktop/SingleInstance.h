@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/linux/desktop/FileDescriptor.h"
+
+#include <QObject>
+#include <QVariantMap>
+
+#include <chrono>
+
+namespace kest {
+
+/// Lets one Kest run for a person: who starts it again brings the window of the
+/// running one to the front.
+///
+/// The first one holds a lock in XDG_RUNTIME_DIR and offers
+/// org.freedesktop.Application (Desktop Entry Specification, "D-Bus
+/// Activation") as org.kest.Kest. Without a runtime folder everyone is the
+/// first. Main thread.
+class SingleInstance : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
+
+public:
+    /// Takes the lock, when it is free.
+    explicit SingleInstance(QObject *parent = nullptr);
+
+    bool isFirst() const { return m_isFirst; }
+
+    /// Asks the first one to come to the front. False when it did not answer in
+    /// time, or ended meanwhile, which makes this one the first, or there is no
+    /// session bus; then this one had better run itself. Needs an application
+    /// object. Waits.
+    bool handOver(std::chrono::milliseconds limit);
+
+    /// Begins to take such wishes. The first one calls it when its window
+    /// stands; before that they wait.
+    void serve();
+
+public Q_SLOTS:
+    /// The interface.
+    Q_SCRIPTABLE void Activate(const QVariantMap &platformData);
+    Q_SCRIPTABLE void Open(const QStringList &uris, const QVariantMap &platformData);
+    Q_SCRIPTABLE void ActivateAction(const QString &name, const QVariantList &parameter,
+                                     const QVariantMap &platformData);
+
+Q_SIGNALS:
+    /// The person started the program again.
+    void activated();
+
+private:
+    void lock();
+
+    FileDescriptor m_lock;
+    bool m_isFirst = false;
+};
+
+} // namespace kest
