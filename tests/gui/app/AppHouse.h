@@ -1,0 +1,88 @@
+#pragma once
+
+#include "app/AppDelegate.h"
+#include "app/UserDefaults.h"
+#include "fakes/FakeAudioFileRecorder.h"
+#include "fakes/FakeAudioHardware.h"
+#include "fakes/FakeClock.h"
+#include "fakes/FakeWorkspace.h"
+#include "fakes/RecordingAlertPresenter.h"
+#include "fakes/RecordingMailTransport.h"
+#include "platform/Platform.h"
+#include "platform/linux/desktop/FreedesktopTrash.h"
+#include "platform/linux/desktop/LinuxBookmarkStore.h"
+#include "platform/linux/desktop/LinuxProcessInfo.h"
+#include "platform/linux/desktop/PosixFolderContents.h"
+#include "ui/MainWindowController.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QTemporaryDir>
+
+namespace kest::test {
+
+/// Notes what recordings it was asked to finish, and whether there was a
+/// window then.
+class NotingRecorderFactory : public FakeAudioFileRecorderFactory
+{
+public:
+    int finishInterruptedRecordings(const QList<FolderURL> &folders, int milliseconds) override
+    {
+        finishFolders = folders;
+        finishLimit = milliseconds;
+        windowsThen = static_cast<int>(QApplication::topLevelWidgets().size());
+        return 0;
+    }
+    void preload() override { ++preloads; }
+
+    QList<FolderURL> finishFolders;
+    int finishLimit = -1;
+    int windowsThen = -1;
+    int preloads = 0;
+};
+
+/// The delegate and all round it: real folders, settings and trash in a
+/// throw-away home; sound, mail and the desktop are fakes.
+struct AppHouse {
+    AppHouse()
+    {
+        qputenv("HOME", home.path().toUtf8());
+        platform.clock = std::make_unique<FakeClock>();
+        platform.processInfo = std::make_unique<LinuxProcessInfo>();
+        platform.bookmarkStore = std::make_unique<LinuxBookmarkStore>();
+        platform.folderContents = std::make_unique<PosixFolderContents>();
+        platform.trash = std::make_unique<FreedesktopTrash>();
+        platform.audioHardware = std::make_unique<FakeAudioHardware>();
+        platform.recorderFactory = std::make_unique<NotingRecorderFactory>();
+        platform.mailTransport = std::make_unique<RecordingMailTransport>();
+        platform.workspace = std::make_unique<FakeWorkspace>();
+        hardware().name = QStringLiteral("Built-in Microphone");
+        defaults = std::make_unique<UserDefaults>(settingsPath());
+    }
+
+    /// Initialises, makes the delegate and launches it; the window is there then.
+    void launch()
+    {
+        delegate = std::make_unique<AppDelegate>(platform, *defaults, alerts);
+        initialized = AppDelegate::initialize(platform, *defaults);
+        delegate->applicationDidFinishLaunching();
+        QCoreApplication::processEvents();
+    }
+
+    QString settingsPath() const { return home.filePath(QStringLiteral("config/kest/settings.ini")); }
+    QString recordings() const { return home.filePath(QStringLiteral("Music/Kest")); }
+    FakeAudioHardware &hardware() const { return static_cast<FakeAudioHardware &>(*platform.audioHardware); }
+    FakeWorkspace &workspace() const { return static_cast<FakeWorkspace &>(*platform.workspace); }
+    NotingRecorderFactory &recorders() const { return static_cast<NotingRecorderFactory &>(*platform.recorderFactory); }
+    MainWindowController &window() const { return *delegate->winController(); }
+    bool isShown() const { return window().window()->isVisible(); }
+    QString inputName() const { return window().inputNameField()->text(); }
+
+    QTemporaryDir home;
+    Platform platform;
+    std::unique_ptr<UserDefaults> defaults;
+    RecordingAlertPresenter alerts;
+    bool initialized = false;
+    std::unique_ptr<AppDelegate> delegate;
+};
+
+} // namespace kest::test

@@ -1,0 +1,249 @@
+#include "app/Application.h"
+#include "app/SettingsTable.h"
+#include "gui/app/AppHouse.h"
+
+#include <QtTest>
+
+using namespace kest;
+using kest::test::AppHouse;
+
+namespace {
+
+const QString own = QStringLiteral("org.kest.Kest");
+
+} // namespace
+
+class TestAppDelegate : public QObject
+{
+    Q_OBJECT
+
+    std::unique_ptr<AppHouse> m_house;
+
+    void makeRecording(const QString &name) const
+    {
+        QFile file(m_house->recordings() + u'/' + name);
+        QVERIFY(file.open(QFile::WriteOnly));
+    }
+
+    QStringList recordings() const
+    {
+        return QDir(m_house->recordings()).entryList(QDir::Files | QDir::Hidden);
+    }
+
+private Q_SLOTS:
+    void init() { m_house = std::make_unique<AppHouse>(); }
+    void cleanup() { m_house.reset(); }
+
+    void launchingShowsTheOneWindow()
+    {
+        m_house->launch();
+        QVERIFY(m_house->initialized);
+        QVERIFY(m_house->isShown());
+        const auto *controller = m_house->delegate->winController();
+        m_house->workspace().activate(own);
+        QCOMPARE(m_house->delegate->winController(), controller);
+    }
+
+    void bothFoldersResolveToTheDefaultOnes()
+    {
+        m_house->launch();
+        Error error;
+        QCOMPARE(m_house->delegate->recordingsDirectoryURLWithError(&error)->path(), m_house->recordings());
+        QCOMPARE(m_house->delegate->attachmentsDirectoryURLWithError(&error)->lastPathComponent(),
+                 QStringLiteral("Kest Optional Outgoing Messages"));
+    }
+
+    void interruptedRecordingsAreFinishedBeforeThereIsAWindow()
+    {
+        const auto before = static_cast<int>(QApplication::topLevelWidgets().size());
+        m_house->launch();
+        QCOMPARE(m_house->recorders().windowsThen, before);
+        QCOMPARE(m_house->recorders().finishFolders, QList<FolderURL> { FolderURL::fromPath(m_house->recordings()) });
+        QVERIFY(m_house->recorders().finishLimit > 0 && m_house->recorders().finishLimit <= 1000);
+    }
+
+    void whatRecordingNeedsIsLoadedAfterTheStart()
+    {
+        m_house->launch();
+        QCOMPARE(m_house->recorders().preloads, 0);
+        QTRY_COMPARE(m_house->recorders().preloads, 1);
+    }
+
+    void theInputNameIsShownAtLaunch()
+    {
+        m_house->launch();
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("BM"));
+        QCOMPARE(m_house->window().inputNameField()->toolTip(), QStringLiteral("Built-in Microphone"));
+        QCOMPARE(m_house->delegate->oldInputName(), QStringLiteral("Built-in Microphone"));
+        QCOMPARE(m_house->delegate->nameOfDefaultInputDevice(), QStringLiteral("Built-in Microphone"));
+    }
+
+    void theInputNameIsRefreshedEveryThirtySeconds()
+    {
+        m_house->launch();
+        const auto timers = m_house->delegate->findChildren<QTimer *>();
+        const auto timer = std::ranges::find_if(timers, [](QTimer *t) { return t->isActive() && !t->isSingleShot(); });
+        QVERIFY(timer != timers.end());
+        QCOMPARE((*timer)->interval(), 30000);
+        m_house->hardware().name = QStringLiteral("USB Headset");
+        (*timer)->setInterval(1);
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("UH"));
+    }
+
+    void theInputNameWaitsUntilTheRecordingIsStopped()
+    {
+        m_house->launch();
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("BM"));
+        m_house->window().audioRecordingRecord();
+        m_house->window().audioRecordingPauseResume();
+        m_house->hardware().name = QStringLiteral("USB Headset");
+        m_house->workspace().activate(own);
+        QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
+        m_house->window().audioRecordingStop();
+        QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
+        m_house->workspace().activate(mailApplicationIdentifier);
+        QCOMPARE(m_house->inputName(), QStringLiteral("UH"));
+    }
+
+    void theWindowIsShownAndHiddenWithTheFrontmostApplication_data()
+    {
+        QTest::addColumn<QString>("identifier");
+        QTest::addColumn<bool>("shown");
+        QTest::newRow("this application") << own << true;
+        QTest::newRow("the mail application") << "com.apple.mail" << true;
+        QTest::newRow("another one") << "XTerm" << false;
+        QTest::newRow("one without a name") << QString() << false;
+        QTest::newRow("the mail application in other letters") << "com.apple.Mail" << false;
+        QTest::newRow("a longer name") << "com.apple.mail.helper" << false;
+    }
+
+    void theWindowIsShownAndHiddenWithTheFrontmostApplication()
+    {
+        QFETCH(QString, identifier);
+        QFETCH(bool, shown);
+        m_house->launch();
+        m_house->workspace().activate(identifier);
+        QCOMPARE(m_house->isShown(), shown);
+        m_house->window().orderOut();
+        m_house->workspace().activate(identifier);
+        QCOMPARE(m_house->isShown(), shown);
+    }
+
+    void comingBackRefreshesTheInputName()
+    {
+        m_house->launch();
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("BM"));
+        m_house->hardware().name = QStringLiteral("USB Headset");
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
+        m_house->workspace().activate(own);
+        QCOMPARE(m_house->inputName(), QStringLiteral("UH"));
+    }
+
+    void theWindowStaysWhileTheSheetIsShowing()
+    {
+        m_house->launch();
+        m_house->window().setSheetShowing(true);
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QVERIFY(m_house->isShown());
+        m_house->window().setSheetShowing(false);
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QVERIFY(!m_house->isShown());
+    }
+
+    void recordingGoesOnWhileTheWindowIsHidden()
+    {
+        m_house->launch();
+        m_house->window().audioRecordingRecord();
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QVERIFY(!m_house->isShown());
+        QVERIFY(m_house->window().recordingActive());
+        QVERIFY(!m_house->recorders().calls.contains(QStringLiteral("stop")));
+    }
+
+    void aDeviceNameOfOneWordKeepsNothingElseFromStarting()
+    {
+        m_house->hardware().name = QStringLiteral("Microphone");
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("exception was raised")));
+        m_house->launch();
+        QCOMPARE(m_house->window().inputNameField()->toolTip(), QStringLiteral("Microphone"));
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QVERIFY(!m_house->isShown());
+    }
+
+    void closingTheWindowAsksForTheEnd()
+    {
+        m_house->launch();
+        QSignalSpy wishes(m_house->delegate.get(), &AppDelegate::terminateRequested);
+        m_house->window().window()->close();
+        QCOMPARE(wishes.count(), 1);
+        QCOMPARE(m_house->delegate->applicationShouldTerminateAfterLastWindowClosed(), false);
+    }
+
+    void theEndIsNowAndActivationIsNoLongerHeard()
+    {
+        m_house->launch();
+        QCOMPARE(int(m_house->delegate->applicationShouldTerminate()), 1);
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QVERIFY(m_house->isShown());
+    }
+
+    void endingWithZeroRemovesNoFile()
+    {
+        m_house->launch();
+        makeRecording(QStringLiteral("a.m4a"));
+        m_house->delegate->applicationShouldTerminate();
+        QCOMPARE(recordings(), QStringList { QStringLiteral("a.m4a") });
+    }
+
+    void endingWithAnyOtherValueCleansUpBeforeItAnswers()
+    {
+        m_house->launch();
+        m_house->defaults->setObject(-1, SettingsKeys::iWhenToDelete);
+        m_house->defaults->setBool(false, SettingsKeys::bTrashNotDelete);
+        makeRecording(QStringLiteral("a.m4a"));
+        makeRecording(QStringLiteral("note.txt"));
+        m_house->delegate->applicationShouldTerminate();
+        QCOMPARE(recordings(), QStringList { QStringLiteral("note.txt") });
+    }
+
+    void helpOpensAWebPage()
+    {
+        m_house->launch();
+        m_house->delegate->openHelp();
+        QCOMPARE(m_house->workspace().opened.size(), 1);
+        QVERIFY(m_house->workspace().opened[0].scheme().startsWith(QStringLiteral("http")));
+        m_house->workspace().opens = false;
+        QTest::ignoreMessage(QtWarningMsg, "No program opens the help page");
+        m_house->delegate->openHelp();
+    }
+
+    void aDamagedSettingsFileIsSaidInTheWindow()
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(m_house->settingsPath()).path()));
+        QFile file(m_house->settingsPath());
+        QVERIFY(file.open(QFile::WriteOnly) && file.write("nonsense") > 0);
+        file.close();
+        m_house->launch();
+        QVERIFY(m_house->window().notices().text().contains(QStringLiteral("damaged")));
+    }
+
+    void withoutFoldersThereAreNoSettings()
+    {
+        QVERIFY(QDir().mkpath(m_house->home.filePath(QStringLiteral("Music"))));
+        QFile file(m_house->recordings());
+        QVERIFY(file.open(QFile::WriteOnly));
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("^Error creating ~/Music/Kest : ")));
+        QVERIFY(!AppDelegate::initialize(m_house->platform, *m_house->defaults));
+        QVERIFY(!m_house->defaults->objectForKey(SettingsKeys::bIncludeTagline).isValid());
+    }
+};
+
+// In the application that catches what rises to its loop.
+int main(int argc, char **argv)
+{
+    Application application(argc, argv);
+    TestAppDelegate test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_appdelegate.moc"
