@@ -17,7 +17,6 @@ namespace kest::test {
 namespace {
 
 constexpr int rate = 44100;
-constexpr int blockFrames = rate / 100;
 
 } // namespace
 

@@ -21,6 +21,9 @@ QJsonObject tellSoundServer(const char *verb, QJsonObject arguments = {});
 class VirtualMicrophone
 {
 public:
+    /// Speaks so much at a time: 10 ms.
+    static constexpr int blockFrames = 441;
+
     /// The value of a sample (full scale -1 to 1) by its number and channel.
     using Signal = std::function<float(qint64 frame, int channel)>;
 

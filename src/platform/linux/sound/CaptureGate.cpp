@@ -21,7 +21,8 @@ MonotonicTime monotonicNow()
 void CaptureGate::schedule(Action action, MonotonicTime time)
 {
     const std::lock_guard lock(m_mutex);
-    m_cuts.push_back({action, time});
+    m_latest = std::max(m_latest, time);
+    m_cuts.push_back({action, m_latest});
 }
 
 void CaptureGate::pass(const float *samples, qsizetype count, MonotonicTime start,

@@ -29,7 +29,8 @@ public:
     explicit CaptureGate(int sampleRate) : m_sampleRate(sampleRate) { }
 
     /// Any thread: from `time` on, samples belong to the recording, or do not,
-    /// or the recording is over. Times never go back.
+    /// or the recording is over. A time before that of an earlier call counts as
+    /// that one.
     void schedule(Action action, MonotonicTime time);
 
     /// Capture thread: hands the parts of a chunk that belong to the recording
@@ -56,6 +57,7 @@ private:
     const int m_sampleRate;
     std::mutex m_mutex; // held for the length of a queue operation
     std::deque<Cut> m_cuts;
+    MonotonicTime m_latest = 0;
     bool m_open = false;
     bool m_ended = false;
 };

@@ -17,6 +17,10 @@ constexpr qint64 dataPatience = 1500 * millisecond;
 // What was spoken before Stop has arrived by then, or never will.
 constexpr int stopMilliseconds = 300;
 
+/// The moment of a sample is known to some tens of milliseconds: rather that much of silence before a word than a word
+/// without its beginning.
+constexpr qint64 openingMargin = 60 * millisecond;
+
 /// Half a wait of the encoder's 1024 samples is not worth a wake-up.
 constexpr qsizetype samplesWorthWaking = 2048;
 
@@ -45,7 +49,7 @@ void CaptureSession::setEvents(Events events)
 
 void CaptureSession::resume()
 {
-    m_gate.schedule(CaptureGate::Action::Open, monotonicNow());
+    m_gate.schedule(CaptureGate::Action::Open, monotonicNow() - openingMargin);
 }
 
 void CaptureSession::pause()

@@ -1,5 +1,7 @@
 #include "platform/linux/sound/RecordingFile.h"
 
+#include <QFile>
+
 #include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -11,6 +13,18 @@ namespace {
 
 constexpr mode_t fileMode = 0666; // the person's umask decides
 constexpr int mostNames = 1000;
+
+constexpr mode_t ownerOnly = 0600;
+mode_t usualUmask = 022;
+
+/// See RecordingFile::rememberUmask.
+void undoBorrowedUmask(int file)
+{
+    struct stat status = {};
+    const mode_t wanted = fileMode & ~usualUmask;
+    if (fstat(file, &status) == 0 && (status.st_mode & 0777) == ownerOnly && wanted != ownerOnly)
+        fchmod(file, wanted);
+}
 
 /// "a.m4a" is followed by "a 2.m4a".
 QByteArray numberedName(const QByteArray &name, int number)
@@ -58,6 +72,7 @@ std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFa
         *failure = FileFailure::fromErrno(errno);
         return std::nullopt;
     }
+    undoBorrowedUmask(made.m_file.get());
     made.m_device = status.st_dev;
     made.m_inode = status.st_ino;
     made.m_url = wanted.deletingLastPathComponent().appendingNativePathComponent(made.m_name);
@@ -81,6 +96,17 @@ std::optional<RecordingFile> RecordingFile::open(const FileURL &file, FileFailur
     opened.m_device = status.st_dev;
     opened.m_inode = status.st_ino;
     return opened;
+}
+
+void RecordingFile::rememberUmask()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("Umask:"))
+            usualUmask = mode_t(line.mid(6).trimmed().toUInt(nullptr, 8));
+    }
 }
 
 bool RecordingFile::isHere() const

@@ -65,6 +65,11 @@ public:
     /// Takes the file away.
     void remove();
 
+    /// Remembers the process's umask, while it is still the person's own:
+    /// libpulse changes it for moments on its own thread, and a file made in
+    /// such a moment would be closed to everybody else.
+    static void rememberUmask();
+
 private:
     RecordingFile() = default;
 

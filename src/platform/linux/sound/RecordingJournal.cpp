@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <ctime>
+
 namespace kest {
 
 namespace {
@@ -38,6 +40,14 @@ void syncFolder(const QByteArray &path)
 }
 
 } // namespace
+
+int RecordingJournal::Entry::ageInDays() const
+{
+    struct stat status = {};
+    if (fstat(m_lock.get(), &status) < 0)
+        return 0;
+    return int((time(nullptr) - status.st_mtim.tv_sec) / (24 * 60 * 60));
+}
 
 void RecordingJournal::Entry::done()
 {

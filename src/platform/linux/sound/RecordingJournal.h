@@ -25,6 +25,8 @@ public:
         const FileURL &file() const { return m_file; }
         quint64 inode() const { return m_inode; }
 
+        int ageInDays() const;
+
         /// The recording is finished or gone: nothing is left to remember.
         void done();
 

@@ -14,6 +14,7 @@ namespace {
 
 Q_LOGGING_CATEGORY(logRecovery, "kest.recovery")
 
+constexpr int mostDaysAway = 90;
 constexpr int mostEntriesLookedAt = 20'000; // over all folders
 
 bool exists(const FolderURL &folder)
@@ -74,8 +75,9 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
 {
     auto file = find(entry);
     if (!file) {
-        // With its folder there, the recording was deleted; without, its disk may only be away.
-        return exists(entry.file().deletingLastPathComponent()) ? Outcome::Done : Outcome::TryAgainLater;
+        // With its folder there, the recording was deleted; without, its disk may only be away, for a while.
+        const bool deleted = exists(entry.file().deletingLastPathComponent());
+        return deleted || entry.ageInDays() > mostDaysAway ? Outcome::Done : Outcome::TryAgainLater;
     }
     if (!isFragmented(file->descriptor())) {
         struct stat status = {};

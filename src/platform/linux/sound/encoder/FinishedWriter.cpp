@@ -88,7 +88,7 @@ int Copy::copyPackets(std::optional<qint64> sampleCount)
     AvPacket packet(av_packet_alloc());
     if (!packet)
         return AVERROR(ENOMEM);
-    const int64_t end = sampleCount.value_or(INT64_MAX);
+    const int64_t end = sampleCount.value_or(INT64_MAX / 2); // half: differences of times must not overflow
     while (m_nextTime < end && av_read_frame(m_input, packet.get()) >= 0) {
         const int status = writePacket(packet.get(), std::min<int64_t>(m_frameSize, end - m_nextTime));
         av_packet_unref(packet.get());

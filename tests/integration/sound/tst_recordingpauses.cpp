@@ -1,0 +1,185 @@
+#include "RecorderBench.h"
+#include "TeeEncoder.h"
+
+#include "support/VirtualMicrophone.h"
+
+#include <QTest>
+
+#include <algorithm>
+#include <atomic>
+#include <cmath>
+
+using namespace kest;
+using namespace kest::test;
+
+namespace {
+
+bool isPipeWire()
+{
+    return qgetenv("KEST_TEST_SOUND") == "pipewire";
+}
+
+/// How long what is said may be on its way through the virtual microphone, which PipeWire's tells nobody.
+int guardMilliseconds()
+{
+    return isPipeWire() ? 700 : 150;
+}
+
+} // namespace
+
+/// Pauses and presses: which samples are in the recording. The microphone says
+/// numbers, so every sample that is lost or doubled shows.
+class RecordingPausesTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void aHundredPausesLoseAndDoubleNothing();
+    void nothingBetweenPauseAndResumeIsKept();
+    void nothingSaidAfterRecordIsLost();
+    void stopKeepsWhatWasSaidBefore();
+    void commandsOutOfOrderDoNothing();
+    void takenNameIsNotOverwritten();
+};
+
+void RecordingPausesTest::initTestCase()
+{
+    tellSoundServer("force_rate", {{QStringLiteral("rate"), 44100}});
+}
+
+void RecordingPausesTest::aHundredPausesLoseAndDoubleNothing()
+{
+    constexpr int pauses = 100;
+    // A FIFO that is always full gives PulseAudio ten minutes in half a one. PipeWire keeps its own time.
+    const double seconds = isPipeWire() ? 25 : 600;
+    const VirtualMicrophone microphone(counter(), 1, isPipeWire() ? 1.5 : 30);
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
+    AudioFileRecorder &recorder = bench.make();
+    QVERIFY(recorder.prepareToRecord());
+    for (int i = 1; i <= pauses; ++i) {
+        QVERIFY(recorder.record());
+        QVERIFY(bench.waitForCapture(seconds * i / pauses));
+        recorder.pause();
+        QTest::qWait(isPipeWire() ? 30 : 5);
+    }
+    recorder.stop();
+    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.trouble->isEmpty());
+
+    const std::vector<float> &samples = tee->samples();
+    QCOMPARE(qint64(samples.size()), std::llround(recorder.currentTime() * 44100));
+    QCOMPARE(probedSamples(recorder.url()), qint64(samples.size()));
+    QVERIFY(double(samples.size()) >= seconds * 44100);
+    // A virtual microphone that just began may give silence first.
+    const auto begin = std::find_if(samples.begin(), samples.end(), [](float sample) { return sample != 0.0F; });
+    int jumps = 0;
+    for (size_t i = size_t(begin - samples.begin()) + 1; i < samples.size(); ++i)
+        jumps += counterValue(samples[i]) != (counterValue(samples[i - 1]) + 1) % counterPeriod;
+    QVERIFY2(jumps <= pauses - 1, QByteArray::number(jumps).constData());
+}
+
+void RecordingPausesTest::nothingBetweenPauseAndResumeIsKept()
+{
+    std::atomic<bool> secret = false;
+    const VirtualMicrophone microphone([&](qint64, int) { return secret ? 0.9F : 0.1F; });
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    recorder.pause();
+    QTest::qWait(guardMilliseconds());
+    const double before = recorder.currentTime();
+    secret = true;
+    QTest::qWait(400);
+    QCOMPARE(recorder.currentTime(), before);
+    secret = false;
+    QTest::qWait(guardMilliseconds());
+    recorder.record();
+    QVERIFY(bench.waitForCapture(before + 0.5));
+    recorder.stop();
+    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(std::none_of(tee->samples().begin(), tee->samples().end(), [](float sample) { return sample > 0.5F; }));
+}
+
+void RecordingPausesTest::nothingSaidAfterRecordIsLost()
+{
+    const VirtualMicrophone microphone(counter());
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
+    AudioFileRecorder &recorder = bench.make();
+    QVERIFY(bench.waitUntilConnected());
+    bench.sound.recorderFactory->warmUp(); // the button goes down
+    QTest::qWait(120);                     // and up
+    const qint64 pressed = microphone.frames();
+    QVERIFY(recorder.prepareToRecord());
+    QVERIFY(recorder.record());
+    QVERIFY(bench.waitForCapture(0.3));
+    recorder.stop();
+    QVERIFY(bench.waitUntilFinished());
+    // The microphone speaks in blocks; the one on its way at the press may count as said before or after it.
+    int missing = counterValue(tee->samples().front()) - int(pressed % counterPeriod);
+    if (missing > counterPeriod / 2)
+        missing -= counterPeriod;
+    QVERIFY2(missing <= VirtualMicrophone::blockFrames, QByteArray::number(missing).constData());
+    QVERIFY2(missing > -44100 * guardMilliseconds() / 1000, QByteArray::number(missing).constData());
+}
+
+void RecordingPausesTest::stopKeepsWhatWasSaidBefore()
+{
+    std::atomic<bool> stopping = false;
+    const VirtualMicrophone microphone([&](qint64, int) { return stopping ? 0.5F : 0.1F; });
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
+    AudioFileRecorder &recorder = bench.make();
+    recorder.prepareToRecord();
+    recorder.record();
+    QVERIFY(bench.waitForCapture(0.5));
+    stopping = true;
+    QTest::qWait(guardMilliseconds()); // the last word is said, and still on its way when Stop is pressed
+    recorder.stop();
+    QVERIFY(bench.waitUntilFinished());
+    const auto last = std::count_if(tee->samples().begin(), tee->samples().end(), [](float s) { return s > 0.3F; });
+    QVERIFY2(last > 44100 / 10, QByteArray::number(qint64(last)).constData());
+}
+
+void RecordingPausesTest::commandsOutOfOrderDoNothing()
+{
+    const VirtualMicrophone microphone(sine(440, 0.3));
+    RecorderBench bench;
+    AudioFileRecorder &recorder = bench.make();
+    recorder.pause();
+    QVERIFY(!recorder.record());
+    recorder.stop();
+    QCOMPARE(recorder.currentTime(), 0.0);
+    QVERIFY(recorder.prepareToRecord());
+    QVERIFY(!recorder.prepareToRecord());
+    QVERIFY(recorder.record());
+    QVERIFY(bench.waitForCapture(0.2));
+    recorder.stop();
+    recorder.stop();
+    QVERIFY(recorder.isFinishing());
+    QVERIFY(!recorder.record());
+    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(!recorder.isFinishing());
+    QCOMPARE(bench.finished->size(), 1);
+    QCOMPARE(bench.started->size(), 1);
+}
+
+void RecordingPausesTest::takenNameIsNotOverwritten()
+{
+    const VirtualMicrophone microphone(sine(440, 0.3));
+    RecorderBench bench;
+    QVERIFY(bench.recordFor(0.2));
+    const FileURL first = bench.recorder->url();
+    const qint64 samples = probedSamples(first);
+    QVERIFY(bench.recordFor(0.4));
+    QCOMPARE(bench.recorder->url().lastPathComponent(), QStringLiteral("message 2.m4a"));
+    QCOMPARE(probedSamples(first), samples);
+}
+
+QTEST_GUILESS_MAIN(RecordingPausesTest)
+#include "tst_recordingpauses.moc"

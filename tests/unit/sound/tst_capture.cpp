@@ -1,0 +1,229 @@
+#include "platform/linux/sound/CaptureGate.h"
+#include "platform/linux/sound/LevelMeter.h"
+#include "platform/linux/sound/PulseSource.h"
+#include "platform/linux/sound/SampleRing.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <numbers>
+#include <thread>
+#include <vector>
+
+using namespace kest;
+
+namespace {
+
+constexpr int rate = 44100;
+constexpr qint64 second = 1'000'000'000;
+
+/// The numbers of the samples that a gate keeps of one second, delivered in chunks of 10 ms.
+std::vector<int> keptBy(CaptureGate &gate)
+{
+    std::vector<int> kept;
+    std::vector<float> chunk(441);
+    for (int number = 0; number < rate; number += 441) {
+        for (int i = 0; i < 441; ++i)
+            chunk[size_t(i)] = float(number + i);
+        gate.pass(chunk.data(), 441, second + number * second / rate, [&](const float *samples, qsizetype count) {
+            for (qsizetype i = 0; i < count; ++i)
+                kept.push_back(int(samples[i]));
+        });
+    }
+    return kept;
+}
+
+PulseSource source(const char *name, const char *monitorOf = nullptr)
+{
+    PulseSource made;
+    made.name = name;
+    made.isMonitor = monitorOf != nullptr;
+    made.monitorOfName = monitorOf;
+    return made;
+}
+
+std::vector<float> sine(double peak, int frames)
+{
+    std::vector<float> samples;
+    for (int i = 0; i < frames; ++i)
+        samples.push_back(float(peak * std::sin(2 * std::numbers::pi * 1000 * i / rate)));
+    return samples;
+}
+
+} // namespace
+
+/// The parts of capturing that need no server.
+class CaptureTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void closedGateKeepsNothing();
+    void gateCutsWhereThePressWas();
+    void pauseAndResumeInOneChunkCutBoth();
+    void gateEndsForGood();
+    void meterReadsRootMeanSquare();
+    void meterForgetsAfterATenthOfASecond();
+    void meterReadsSilence();
+    void ringGivesBackWhatItWasGiven();
+    void ringTakesNoMoreThanItHolds();
+    void ringServesTwoThreads();
+    void microphoneIsTheDefaultSource();
+    void fallbackMonitorIsNoMicrophone();
+    void chosenMonitorIsAMicrophone();
+    void nameOfNoSourceIsNoMicrophone();
+};
+
+void CaptureTest::closedGateKeepsNothing()
+{
+    CaptureGate gate(rate);
+    QVERIFY(keptBy(gate).empty());
+    QVERIFY(!gate.isOpen());
+}
+
+void CaptureTest::gateCutsWhereThePressWas()
+{
+    CaptureGate gate(rate);
+    gate.schedule(CaptureGate::Action::Open, second + second / 4);
+    gate.schedule(CaptureGate::Action::Close, second + second / 2);
+    const std::vector<int> kept = keptBy(gate);
+    QCOMPARE(int(kept.size()), rate / 4);
+    QVERIFY(std::abs(kept.front() - rate / 4) <= 1);
+    QCOMPARE(kept.back() - kept.front() + 1, int(kept.size()));
+}
+
+void CaptureTest::pauseAndResumeInOneChunkCutBoth()
+{
+    CaptureGate gate(rate);
+    gate.schedule(CaptureGate::Action::Open, 0);
+    gate.schedule(CaptureGate::Action::Close, second + second / 1000 * 2);
+    gate.schedule(CaptureGate::Action::Open, second + second / 1000 * 5);
+    const std::vector<int> kept = keptBy(gate);
+    QVERIFY(std::abs(int(kept.size()) - (rate - rate * 3 / 1000)) <= 1);
+}
+
+void CaptureTest::gateEndsForGood()
+{
+    CaptureGate gate(rate);
+    gate.schedule(CaptureGate::Action::Open, 0);
+    gate.schedule(CaptureGate::Action::End, second + second / 2);
+    gate.schedule(CaptureGate::Action::Open, second + second / 2);
+    QVERIFY(std::abs(int(keptBy(gate).size()) - rate / 2) <= 1);
+    QVERIFY(gate.hasEnded());
+}
+
+void CaptureTest::meterReadsRootMeanSquare()
+{
+    LevelMeter meter(rate);
+    const auto soft = sine(0.1, rate / 2);
+    meter.add(soft.data(), qsizetype(soft.size()));
+    QVERIFY(std::fabs(meter.decibels() + 23.01F) < 0.05F);
+    const auto loud = sine(1.0, rate / 2);
+    meter.add(loud.data(), qsizetype(loud.size()));
+    QVERIFY(std::fabs(meter.decibels() + 3.01F) < 0.05F);
+}
+
+void CaptureTest::meterForgetsAfterATenthOfASecond()
+{
+    LevelMeter meter(rate);
+    const auto loud = sine(1.0, rate / 10);
+    const std::vector<float> nothing(rate / 10);
+    meter.add(loud.data(), qsizetype(loud.size()));
+    meter.add(nothing.data(), qsizetype(nothing.size()) / 2);
+    QVERIFY(meter.decibels() > -10.0F);
+    meter.add(nothing.data(), qsizetype(nothing.size()) / 2);
+    QCOMPARE(meter.decibels(), LevelMeter::silence);
+}
+
+void CaptureTest::meterReadsSilence()
+{
+    LevelMeter meter(rate);
+    QCOMPARE(meter.decibels(), LevelMeter::silence);
+    const auto loud = sine(1.0, rate / 10);
+    meter.add(loud.data(), qsizetype(loud.size()));
+    meter.reset();
+    QCOMPARE(meter.decibels(), LevelMeter::silence);
+}
+
+void CaptureTest::ringGivesBackWhatItWasGiven()
+{
+    SampleRing ring;
+    std::vector<float> given(100'000);
+    std::vector<float> taken(given.size());
+    // Round the ring more than once, so that its seam and its returned pages are crossed.
+    for (qsizetype total = 0; total < SampleRing::capacity * 2; total += qsizetype(given.size())) {
+        for (size_t i = 0; i < given.size(); ++i)
+            given[i] = float(total % 7919 + qsizetype(i) % 3571);
+        QCOMPARE(ring.write(given.data(), qsizetype(given.size())), qsizetype(given.size()));
+        QCOMPARE(ring.read(taken.data(), qsizetype(taken.size())), qsizetype(taken.size()));
+        QVERIFY(taken == given);
+    }
+    QCOMPARE(ring.available(), 0);
+}
+
+void CaptureTest::ringTakesNoMoreThanItHolds()
+{
+    SampleRing ring;
+    QVERIFY(SampleRing::capacity >= 60 * rate);
+    const std::vector<float> most(size_t(SampleRing::capacity), 1.0F);
+    QCOMPARE(ring.write(most.data(), SampleRing::capacity), SampleRing::capacity);
+    QCOMPARE(ring.write(most.data(), 1), 0);
+    float one = 0;
+    QCOMPARE(ring.read(&one, 1), 1);
+    QCOMPARE(ring.write(most.data(), 5), 1);
+}
+
+void CaptureTest::ringServesTwoThreads()
+{
+    SampleRing ring;
+    constexpr int count = 1'000'000;
+    std::thread writer([&] {
+        for (int next = 0; next < count;) {
+            const float value = float(next);
+            next += int(ring.write(&value, 1));
+        }
+    });
+    std::vector<float> part(1000);
+    int expected = 0;
+    bool inOrder = true;
+    while (expected < count) {
+        const qsizetype got = ring.read(part.data(), qsizetype(part.size()));
+        for (qsizetype i = 0; i < got; ++i)
+            inOrder = inOrder && part[size_t(i)] == float(expected++);
+    }
+    writer.join();
+    QVERIFY(inOrder);
+}
+
+void CaptureTest::microphoneIsTheDefaultSource()
+{
+    const PulseSources known = {true, "b", "sink", {source("a"), source("b"), source("sink.monitor", "sink")}};
+    QCOMPARE(known.microphone()->name, "b");
+}
+
+void CaptureTest::fallbackMonitorIsNoMicrophone()
+{
+    const PulseSources known = {true, "sink.monitor", "sink", {source("sink.monitor", "sink")}};
+    QVERIFY(!known.microphone());
+}
+
+void CaptureTest::chosenMonitorIsAMicrophone()
+{
+    const PulseSources besideMicrophone = {true, "sink.monitor", "sink", {source("sink.monitor", "sink"), source("a")}};
+    QCOMPARE(besideMicrophone.microphone()->name, "sink.monitor");
+    const PulseSources otherSink = {true, "two.monitor", "one", {source("one.monitor", "one"), source("two.monitor", "two")}};
+    QCOMPARE(otherSink.microphone()->name, "two.monitor");
+}
+
+void CaptureTest::nameOfNoSourceIsNoMicrophone()
+{
+    const PulseSources starting = {true, "@DEFAULT_SOURCE@", "", {source("a")}};
+    QVERIFY(!starting.microphone());
+    const PulseSources none = {true, "", "sink", {}};
+    QVERIFY(!none.microphone());
+    const PulseSources gone = {false, "a", "", {source("a")}};
+    QVERIFY(!gone.microphone());
+}
+
+QTEST_APPLESS_MAIN(CaptureTest)
+#include "tst_capture.moc"
