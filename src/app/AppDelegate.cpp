@@ -22,6 +22,11 @@ const QUrl helpPage(QStringLiteral(KEST_HELP_URL));
 // How long the start waits for recordings that a crash left; the rest goes on in the background.
 constexpr int recoveryWait = 300; // ms
 
+// A sound server that is still starting has no name to give: the first showing is tried again, at twice the interval
+// each time, up to the second of these.
+constexpr int firstNameRetry = 100;  // ms
+constexpr int lastNameRetry = 6'400; // ms
+
 // Well after the first paint, and before anybody is ready to speak.
 constexpr int preloadDelay = 700; // ms
 
@@ -53,7 +58,7 @@ void AppDelegate::applicationDidFinishLaunching()
     connectWindow();
     m_winController->showWindow();
     // Through the loop's own net: a device's odd name must not keep the rest from starting.
-    QMetaObject::invokeMethod(this, &AppDelegate::updateInputName, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, [this] { showInputName(firstNameRetry); }, Qt::QueuedConnection);
     connect(m_platform.workspace.get(), &Workspace::applicationActivated, this, &AppDelegate::appWasActivated);
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &AppDelegate::timeToUpdateInputName);
@@ -132,6 +137,15 @@ std::optional<FolderURL> AppDelegate::recordingsDirectoryURLWithError(Error *err
 std::optional<FolderURL> AppDelegate::attachmentsDirectoryURLWithError(Error *error)
 {
     return m_folders.attachmentsDirectoryURLWithError(error);
+}
+
+void AppDelegate::showInputName(int retryAfter)
+{
+    QTimer::singleShot(retryAfter, this, [this, retryAfter] {
+        if (retryAfter < lastNameRetry && m_winController->inputNameField()->toolTip().isEmpty())
+            showInputName(2 * retryAfter);
+    });
+    updateInputName(); // may throw, so it comes last
 }
 
 void AppDelegate::timeToUpdateInputName()

@@ -86,6 +86,7 @@ Q_SIGNALS:
 
 private:
     InputNameField inputNameField();
+    void showInputName(int retryAfter);
     void finishInterruptedRecordings();
     void connectWindow();
 

@@ -122,6 +122,16 @@ class KeepTest(unittest.TestCase):
         self.sound.remove_source("usb")
         self.end()
 
+    def test_a_sound_server_that_answers_late_does_not_leave_the_field_empty(self):
+        self.sound.stall()
+        self.addCleanup(self.sound.resume)
+        self.run_program()
+        field = self.person.find(self.window, "Input Device")
+        self.assertEqual(self.person.text(field), "")
+        self.sound.resume()
+        wait_until(lambda: self.person.text(field) == "BM", "the microphone's abbreviation", 5)
+        self.end()
+
 
 if __name__ == "__main__":
     unittest.main()
