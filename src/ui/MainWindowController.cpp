@@ -13,6 +13,7 @@
 #include <QEvent>
 #include <QMenu>
 #include <QShortcut>
+#include <QWindow>
 
 namespace kest {
 
@@ -124,9 +125,12 @@ void MainWindowController::orderFront()
     if (!m_window->isVisible()) {
         // A remapped window would be placed anew otherwise.
         m_window->move(m_window->pos());
-        m_window->setAttribute(Qt::WA_ShowWithoutActivating);
+        // What WA_ShowWithoutActivating sets when a window is made, too late for this one: on X11 a zero user time.
+        m_window->winId(); // makes it, where it was never shown
+        QWindow *native = m_window->windowHandle();
+        native->setProperty("_q_showWithoutActivating", true);
         m_window->show();
-        m_window->setAttribute(Qt::WA_ShowWithoutActivating, false);
+        native->setProperty("_q_showWithoutActivating", false);
     }
     m_window->raise();
 }
