@@ -2,6 +2,7 @@
 
 #include "AddonLink.h"
 
+#include <QDBusMetaType>
 #include <QDBusVariant>
 
 namespace kest {
@@ -18,6 +19,13 @@ int deadlineFor(const ContractMember &member)
 {
     const bool maySend = member.name == "Send"_L1 || member.name == "Reply"_L1;
     return maySend ? AddonLink::sendDeadline : AddonLink::ordinaryDeadline;
+}
+
+/// The D-Bus signature of what a variant from the bus holds.
+QString signatureOf(const QVariant &variant)
+{
+    const QVariant inner = variant.value<QDBusVariant>().variant();
+    return QString::fromLatin1(QDBusMetaType::typeToSignature(inner.metaType()));
 }
 
 } // namespace
@@ -73,6 +81,8 @@ bool MailService::handleProperties(const QDBusMessage &message, const ContractIn
     const bool write = message.member() == "Set"_L1;
     if (write && !property->writable)
         return fail(message, u"InvalidArgument"_s, u"%1 cannot be written."_s.arg(property->name));
+    if (write && signatureOf(arguments.value(2)) != property->outputSignature)
+        return fail(message, u"InvalidArgument"_s, u"%1 takes %2."_s.arg(property->name, property->outputSignature));
     if (const QVariant own = ownProperty(property->name); own.isValid()) {
         m_bus.send(message.createReply(QVariant::fromValue(QDBusVariant(own))));
         return true;

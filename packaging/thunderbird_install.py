@@ -57,29 +57,17 @@ class Installation:
 
     def remove(self):
         self.profile.must_rest()
-        present = self.addon.exists() or self.manifest.exists() or self.profile.has_prefs()
+        if not (self.addon.exists() or self.manifest.exists() or self.profile.has_prefs()):
+            print("There was nothing of Kest in this profile.")
+            return 0
         self.addon.unlink(missing_ok=True)
         self.manifest.unlink(missing_ok=True)
         for folder in (self.addon.parent, self.manifest.parent, self.manifest.parent.parent):
             _remove_empty(folder)
         self.profile.drop_prefs()
-        self._forget()
-        print("The add-on and the announcement of the mail host are gone." if present
-              else "There was nothing of Kest in this profile.")
+        self.profile.forget_addon(ADDON_ID)
+        print("The add-on and the announcement of the mail host are gone.")
         return 0
-
-    def _forget(self):
-        """Thunderbird's own list of add-ons: without this it would keep a line about one that is gone."""
-        path = self.profile.path / "extensions.json"
-        if not path.exists():
-            return
-        known = json.loads(path.read_text(encoding="utf-8"))
-        kept = [addon for addon in known.get("addons", []) if addon.get("id") != ADDON_ID]
-        if len(kept) != len(known.get("addons", [])):
-            known["addons"] = kept
-            path.write_text(json.dumps(known), encoding="utf-8")
-            # Made anew from extensions.json at the next start.
-            (self.profile.path / "addonStartup.json.lz4").unlink(missing_ok=True)
 
     def status(self):
         print(f"Profile: {self.profile.path}{' (in use)' if self.profile.is_running() else ''}")

@@ -1,6 +1,7 @@
 """Thunderbird's profiles: which one it opens, whether it runs, and the preferences that Kest needs in it."""
 
 import configparser
+import json
 import os
 import re
 from pathlib import Path
@@ -111,6 +112,41 @@ class Profile:
             kept = [line for line in prefs.read_text(encoding="utf-8").splitlines(keepends=True)
                     if not any(line.startswith(f'user_pref("{name}", {value})') for name, value in PREFS.items())]
             _write(prefs, "".join(kept))
+
+    # What Thunderbird keeps about its add-ons
+
+    def forget_addon(self, identifier):
+        """Takes an add-on that is gone out of Thunderbird's own lists; its caches are made anew at the next start."""
+        _drop_from_list(self.path / "extensions.json", "addons", identifier)
+        _drop_from_map(self.path / "extension-preferences.json", identifier)
+        prefs = self.path / "prefs.js"
+        if prefs.exists():
+            _write(prefs, "".join(_without_uuid(line, identifier)
+                                  for line in prefs.read_text(encoding="utf-8").splitlines(keepends=True)))
+        for cache in ("addonStartup.json.lz4", "startupCache/webext.sc.lz4"):
+            (self.path / cache).unlink(missing_ok=True)
+
+
+def _without_uuid(line, identifier):
+    head = 'user_pref("extensions.webextensions.uuids", '
+    if not line.startswith(head) or identifier not in line:
+        return line
+    known = json.loads(json.loads(line[len(head):line.rindex(")")]))
+    known.pop(identifier, None)
+    return f"{head}{json.dumps(json.dumps(known, separators=(',', ':')))});\n"
+
+
+def _drop_from_list(path, key, identifier):
+    known = json.loads(path.read_text(encoding="utf-8")) if path.exists() else {}
+    kept = [entry for entry in known.get(key, []) if entry.get("id") != identifier]
+    if len(kept) != len(known.get(key, [])):
+        _write(path, json.dumps({**known, key: kept}))
+
+
+def _drop_from_map(path, identifier):
+    known = json.loads(path.read_text(encoding="utf-8")) if path.exists() else {}
+    if known.pop(identifier, None) is not None:
+        _write(path, json.dumps(known))
 
 
 def _command_of(pid):

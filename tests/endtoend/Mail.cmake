@@ -12,3 +12,11 @@ kest_mail_endtoend(mail_replies)
 kest_mail_endtoend(mail_html)
 kest_mail_endtoend(mail_attachments)
 kest_mail_endtoend(mail_losses)
+kest_mail_endtoend(mail_install)
+
+# What every mail application that serves org.kest.Mail1 must do, asked of the real one.
+add_test(NAME endtoend.mailcontract_thunderbird
+  COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/with_services.py --thunderbird
+    -- $<TARGET_FILE:tst_mailcontract>)
+set_tests_properties(endtoend.mailcontract_thunderbird PROPERTIES LABELS endtoend TIMEOUT 180
+  ENVIRONMENT "KEST_BUILD_DIR=${CMAKE_BINARY_DIR};KEST_SOURCE_DIR=${PROJECT_SOURCE_DIR}")

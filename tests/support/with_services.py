@@ -52,12 +52,13 @@ def start_services(sandbox, options):
 def start_thunderbird(sandbox):
     from services.mailbus import MailBus
     from services.mailserver import MailServer, message
-    from services.thunderbird import Thunderbird
+    from services.thunderbird import BUS_NAME, Thunderbird
     mail = MailServer(sandbox)
     for number in (1, 2, 3):
         mail.put("anna", message("Ben Ford <ben@example.test>", "anna@example.test", f"Question {number}", "How are you?",
                                  Cc="Carl <carl@example.test>"))
     sandbox.thunderbird = Thunderbird(sandbox, mail, second_account=True).start()
+    sandbox.env["KEST_MAIL_SERVICE"] = BUS_NAME
     bus = MailBus(sandbox.env["DBUS_SESSION_BUS_ADDRESS"])
     sandbox.thunderbird.open_inbox(bus, 3)
     sandbox.thunderbird.select_all(bus)
