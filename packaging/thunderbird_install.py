@@ -69,11 +69,12 @@ class Installation:
         print("The add-on and the announcement of the mail host are gone.")
         return 0
 
-    def status(self):
-        print(f"Profile: {self.profile.path}{' (in use)' if self.profile.is_running() else ''}")
-        print(f"Add-on: {'installed' if self.addon.exists() else 'not installed'}")
-        print(f"Preferences: {'set' if self.profile.has_prefs() else 'not set'}")
-        print(f"Mail host: {self._host_status()}")
+    def status(self, quiet):
+        if not quiet:
+            print(f"Profile: {self.profile.path}{' (in use)' if self.profile.is_running() else ''}\n"
+                  f"Add-on: {'installed' if self.addon.exists() else 'not installed'}\n"
+                  f"Preferences: {'set' if self.profile.has_prefs() else 'not set'}\n"
+                  f"Mail host: {self._host_status()}")
         return 0 if self.addon.exists() and self.manifest.exists() else 3
 
     def _host_status(self):

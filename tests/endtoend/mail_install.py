@@ -73,6 +73,7 @@ class Command(unittest.TestCase):
         self.profile()
         code, words = self.run_command("status")
         self.assertEqual(code, 3)
+        self.assertEqual(self.run_command("status", "--quiet"), (3, ""))
         self.assertIn("Add-on: not installed", words)
         self.run_command("install", "--build", BUILD)
         code, words = self.run_command("status")
