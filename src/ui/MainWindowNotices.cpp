@@ -111,7 +111,9 @@ void MainWindowController::updateStatusNotice()
 void MainWindowController::showNotice()
 {
     ReadoutField *field = m_ui->noticeField;
-    const bool important = m_notices.subject() >= NoticePlace::Subject::Settings;
+    const bool important = m_notices.subject() == NoticePlace::Subject::Settings
+        || m_notices.subject() == NoticePlace::Subject::Recording;
+    field->setImage(important ? QStringLiteral("notice") : QString());
     field->setText(m_notices.text());
     field->setToolTip(m_notices.detail().isEmpty() ? m_notices.text()
                                                    : m_notices.text() + u'\n' + m_notices.detail());

@@ -8,7 +8,7 @@ namespace kest {
 
 namespace {
 
-constexpr double darkGlass = 0.4;
+constexpr double darkGlass = 0.3;
 
 } // namespace
 

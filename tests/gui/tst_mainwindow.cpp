@@ -1,0 +1,415 @@
+#include "app/SettingsTable.h"
+#include "gui/WindowHouse.h"
+#include "ui/controls/ControlButton.h"
+#include "ui/controls/PullDownButton.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QFile>
+#include <QMenu>
+#include <QScreen>
+#include <QtTest>
+
+using namespace kest;
+using namespace kest::test;
+
+namespace {
+
+const QString showMore = QStringLiteral("Show More");
+const QString showLess = QStringLiteral("Show Less");
+
+} // namespace
+
+/// The window itself: its frame, its controls' names, its menu, its ways in and
+/// out.
+class TestMainWindow : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowHouse> m_house;
+
+    MainWindowController &controller() { return *m_house->controller; }
+    QWidget &window() { return *controller().window(); }
+    bool storedExpanded() { return m_house->settings->boolForKey(SettingsKeys::bWindowExpanded); }
+    int bottomOfScreen() { return window().screen()->availableGeometry().bottom() + 1; }
+
+    void compareTriangle(const QString &image, char16_t key)
+    {
+        const ControlButton *triangle = controller().disclosureTriangle();
+        QCOMPARE(triangle->image(), image);
+        QCOMPARE(triangle->alternateImage(), image + QStringLiteral("-alt"));
+        QCOMPARE(triangle->property("keyEquivalent").toString(), QString(QChar(key)));
+    }
+
+    void prepareMessages(std::initializer_list<const char *> names)
+    {
+        for (const char *name : names) {
+            QFile file(m_house->delegate.attachments->appendingNativePathComponent(name).path());
+            QVERIFY(file.open(QIODevice::WriteOnly));
+        }
+    }
+
+    QAction *menuItem(const QString &title)
+    {
+        controller().menuNeedsUpdate();
+        const QList<QAction *> items = controller().attachmentsMenu()->actions();
+        for (QAction *item : items) {
+            if (item->text() == title)
+                return item;
+        }
+        return nullptr;
+    }
+
+    QString faceImage() { return controller().attachmentsMenu()->actions().constFirst()->icon().name(); }
+
+private Q_SLOTS:
+    void init() { m_house = std::make_unique<WindowHouse>(); }
+    void cleanup() { m_house.reset(); }
+
+    void opensCollapsed()
+    {
+        m_house->openAndShow();
+        QCOMPARE(window().height(), 141);
+        QVERIFY(m_house->find(showMore)->isVisible());
+        compareTriangle(QStringLiteral("disclosure-closed"), 0xF703);
+        QVERIFY(!window().findChild<QWidget *>(QStringLiteral("detailPanel"))->isVisible());
+    }
+
+    void opensExpandedWhenItWasLeftSo()
+    {
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        m_house->openAndShow();
+        QCOMPARE(window().height(), 321);
+        QVERIFY(m_house->find(showLess)->isVisible());
+        compareTriangle(QStringLiteral("disclosure-opened"), 0xF702);
+    }
+
+    void opensWithItsTopEdgeWhereTheLayoutPutsIt()
+    {
+        m_house->openAndShow();
+        const int collapsedTop = window().geometry().top();
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        m_house->openAndShow();
+        QTRY_COMPARE(window().geometry().top(), collapsedTop);
+    }
+
+    void growsAndShrinksAtItsBottomEdge()
+    {
+        m_house->openAndShow();
+        const QRect collapsed = window().geometry();
+        m_house->click(showMore);
+        QVERIFY(storedExpanded());
+        compareTriangle(QStringLiteral("disclosure-opened"), 0xF702);
+        QTRY_COMPARE(window().height(), 321);
+        QCOMPARE(window().geometry().topLeft(), collapsed.topLeft());
+        m_house->click(showLess);
+        QVERIFY(!storedExpanded());
+        compareTriangle(QStringLiteral("disclosure-closed"), 0xF703);
+        QTRY_COMPARE(window().geometry(), collapsed);
+        QTRY_VERIFY(!window().findChild<QWidget *>(QStringLiteral("detailPanel"))->isVisible());
+    }
+
+    // The slide has not ended when the second click comes.
+    void twoQuickTogglesLeadBack()
+    {
+        m_house->openAndShow();
+        const QRect collapsed = window().geometry();
+        controller().windowToggleExpanded();
+        controller().windowToggleExpanded();
+        QVERIFY(!storedExpanded());
+        QTRY_VERIFY(!window().findChild<QWidget *>(QStringLiteral("detailPanel"))->isVisible()); // it has arrived
+        QCOMPARE(window().geometry(), collapsed);
+    }
+
+    void growsUpwardAtTheBottomOfTheScreen()
+    {
+        m_house->openAndShow();
+        window().setGeometry(200, bottomOfScreen() - 141 - 60, window().width(), 141);
+        QTRY_COMPARE(window().geometry().bottom() + 1, bottomOfScreen() - 60);
+        m_house->click(showMore);
+        QTRY_COMPARE(window().height(), 321);
+        QTRY_COMPARE(window().geometry().bottom() + 1, bottomOfScreen());
+    }
+
+    void arrowKeysExpandAndCollapse()
+    {
+        m_house->openAndShow();
+        QTest::keyClick(&window(), Qt::Key_Left);
+        QVERIFY(!storedExpanded());
+        QTest::keyClick(&window(), Qt::Key_Right);
+        QVERIFY(storedExpanded());
+        QTest::keyClick(&window(), Qt::Key_Right);
+        QVERIFY(storedExpanded());
+        QTest::keyClick(&window(), Qt::Key_Left);
+        QVERIFY(!storedExpanded());
+    }
+
+    void everyControlIsFoundByItsName_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"Record", "Pause", "Stop", "New Message", "Reply", "Reply All", "Optional Message",
+                                 "Show More", "Preferences", "Help", "Recording Time", "Input Level", "Input Device",
+                                 "Notice"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void everyControlIsFoundByItsName()
+    {
+        QFETCH(QString, name);
+        m_house->openAndShow();
+        QVERIFY(m_house->find(name)->isVisible());
+    }
+
+    void everyButtonHasATooltipAndAPlaceInTheTabOrder()
+    {
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        m_house->openAndShow();
+        QStringList order;
+        QWidget *start = m_house->find(QStringLiteral("Record"));
+        for (QWidget *next = start->nextInFocusChain(); next != start; next = next->nextInFocusChain()) {
+            if (next->focusPolicy() & Qt::TabFocus)
+                order.append(next->accessibleName());
+        }
+        QCOMPARE(order, QString::fromLatin1("Pause,Stop,New Message,Reply,Reply All,Optional Message,Show Less,"
+                                            "Listen,Show in Folder,Preferences,Help")
+                            .split(u','));
+        const QList<ControlButton *> buttons = window().findChildren<ControlButton *>();
+        for (const ControlButton *button : buttons)
+            QVERIFY2(!button->toolTip().isEmpty(), qPrintable(button->objectName()));
+    }
+
+    void theLayoutNamesNothingThatIsNotThere()
+    {
+        QTest::failOnWarning(QRegularExpression(QStringLiteral("there is no")));
+        m_house->open();
+        QVERIFY(controller().mailASObject());
+        QVERIFY(controller().mailController());
+    }
+
+    void theFocusIsOnNoTextAtFirst()
+    {
+        m_house->openAndShow();
+        QVERIFY(!window().focusWidget() || !window().focusWidget()->inherits("QLineEdit"));
+        QVERIFY(window().findChildren<QWidget *>().size() < 60);
+    }
+
+    void textColours_data()
+    {
+        QTest::addColumn<int>("major");
+        QTest::addColumn<int>("minor");
+        QTest::addColumn<bool>("light");
+        QTest::newRow("unknown") << -1 << -1 << true;
+        QTest::newRow("old") << 10 << 9 << true;
+        QTest::newRow("from ten on") << 10 << 10 << false;
+        QTest::newRow("generation of the layout") << 10 << 15 << false;
+        QTest::newRow("only the minor number counts") << 11 << 3 << true;
+        QTest::newRow("whatever the major one") << 9 << 12 << false;
+    }
+
+    void textColours()
+    {
+        QFETCH(int, major);
+        QFETCH(int, minor);
+        QFETCH(bool, light);
+        m_house->processInfo.version.reset();
+        if (major >= 0)
+            m_house->processInfo.version = OperatingSystemVersion{major, minor, 0};
+        m_house->open();
+        for (const ReadoutField *field : {controller().timeField(), controller().inputNameField()}) {
+            const QColor color = field->textColor();
+            QCOMPARE(color.red() == 255 && color.green() == 255 && color.blue() == 255
+                         && qRound(color.alphaF() * 100.0F) == 80,
+                     light);
+        }
+    }
+
+    void closingAsksForTheEnd()
+    {
+        m_house->openAndShow();
+        QSignalSpy spy(&controller(), &MainWindowController::terminateRequested);
+        window().close();
+        QCOMPARE(spy.size(), 1);
+    }
+
+    void quitKeysCloseTheWindow()
+    {
+        m_house->openAndShow();
+        QSignalSpy spy(&controller(), &MainWindowController::terminateRequested);
+        QTest::keyClick(&window(), Qt::Key_Q, Qt::ControlModifier);
+        QCOMPARE(spy.size(), 1);
+    }
+
+    void helpIsAskedFor()
+    {
+        m_house->openAndShow();
+        QSignalSpy spy(&controller(), &MainWindowController::helpRequested);
+        m_house->click(QStringLiteral("Help"));
+        QTest::keyClick(&window(), Qt::Key_F1);
+        QCOMPARE(spy.size(), 2);
+    }
+
+    void comesBackWithoutTheFocusAtItsPlace()
+    {
+        m_house->openAndShow();
+        window().move(321, 234);
+        QTRY_COMPARE(window().pos(), QPoint(321, 234));
+        QWidget other;
+        other.setGeometry(900, 500, 200, 100);
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        controller().orderOut();
+        QVERIFY(!window().isVisible());
+        controller().orderFront();
+        QVERIFY(QTest::qWaitForWindowExposed(&window()));
+        QTRY_COMPARE(window().pos(), QPoint(321, 234));
+        QCOMPARE(QApplication::activeWindow(), &other);
+    }
+
+    void theSheetFlagIsAnnounced()
+    {
+        m_house->open();
+        QSignalSpy spy(&controller(), &MainWindowController::sheetShowingChanged);
+        controller().setSheetShowing(true);
+        controller().setSheetShowing(true);
+        QCOMPARE(spy, QList<QVariantList>({{true}}));
+    }
+
+    void settingsTroublesAreSaidInTheWindow()
+    {
+        m_house->openAndShow();
+        Q_EMIT m_house->settings->troubleOccurred(QStringLiteral("The settings could not be saved."));
+        QCOMPARE(m_house->notice(), QStringLiteral("The settings could not be saved."));
+    }
+
+    void waitingForTheMailApplicationIsSaid()
+    {
+        m_house->openAndShow();
+        m_house->mail.setBusy(true);
+        QCOMPARE(m_house->notice(), QStringLiteral("Waiting for the mail application…"));
+        QVERIFY(!m_house->isEnabled(QStringLiteral("Record")));
+        m_house->mail.setBusy(false);
+        QCOMPARE(m_house->notice(), QStringLiteral("Ready to record"));
+        QVERIFY(m_house->isEnabled(QStringLiteral("Record")));
+    }
+
+    void theExpandedPartTellsOfTheLastRecording()
+    {
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        m_house->openAndShow();
+        QSignalSpy opened(&controller(), &MainWindowController::openURLRequested);
+        QVERIFY(!m_house->isEnabled(QStringLiteral("Listen")));
+        m_house->click(QStringLiteral("Record"));
+        QCOMPARE(m_house->find<ReadoutField>(QStringLiteral("Last Recording"))->text(),
+                 QStringLiteral("2024-03-05_14-07-09.m4a"));
+        QVERIFY(!m_house->isEnabled(QStringLiteral("Listen")));
+        m_house->recorders.last()->setCurrentTime(47.2);
+        m_house->click(QStringLiteral("Stop"));
+        QCOMPARE(m_house->find<ReadoutField>(QStringLiteral("Length and Size"))->text(),
+                 QString::fromUtf8("0:47  ·  2.0 kB"));
+        m_house->click(QStringLiteral("Show in Folder"));
+        QCOMPARE(opened.takeFirst().first().toUrl(), QUrl::fromLocalFile(m_house->delegate.recordings->path()));
+        m_house->click(QStringLiteral("Listen"));
+        QCOMPARE(opened.takeFirst().first().toUrl(),
+                 QUrl::fromLocalFile(controller().audioRecorder()->recordingURL().path()));
+    }
+
+    void anEmptyRecordingIsNotOffered()
+    {
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        m_house->recorders.finishDelay = -1;
+        m_house->openAndShow();
+        m_house->click(QStringLiteral("Record"));
+        m_house->click(QStringLiteral("Stop"));
+        m_house->recorders.last()->finish(false);
+        QCOMPARE(m_house->find<ReadoutField>(QStringLiteral("Last Recording"))->text(), QStringLiteral("None yet"));
+        QVERIFY(!m_house->isEnabled(QStringLiteral("Show in Folder")));
+    }
+
+    void theMailApplicationIsNamed()
+    {
+        m_house->open();
+        auto *field = window().findChild<QLabel *>(QStringLiteral("mailStateField"));
+        Q_EMIT m_house->mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
+        QCOMPARE(field->text(), QStringLiteral("Thunderbird is connected."));
+        Q_EMIT m_house->mail.mailApplicationVanished();
+        QVERIFY(field->text().startsWith(QStringLiteral("Not connected.")));
+    }
+
+    void choosingAPreparedMessageEnablesTheCommands()
+    {
+        prepareMessages({"a:b.txt", "c.m4a"});
+        m_house->openAndShow();
+        QCOMPARE(faceImage(), QStringLiteral("attach"));
+        menuItem(QStringLiteral("a/b.txt"))->trigger();
+        QCOMPARE(controller().attachmentName(), QStringLiteral("a:b.txt"));
+        QCOMPARE(faceImage(), QStringLiteral("Tick"));
+        QVERIFY(controller().canReplyOrCompose());
+        QVERIFY(m_house->isEnabled(QStringLiteral("New Message")));
+        QVERIFY(menuItem(QStringLiteral("a/b.txt"))->isChecked());
+        menuItem(QStringLiteral("c.m4a"))->trigger();
+        QCOMPARE(controller().attachmentName(), QStringLiteral("c.m4a"));
+        QCOMPARE(faceImage(), QStringLiteral("Tick"));
+        QVERIFY(!menuItem(QStringLiteral("a/b.txt"))->isChecked());
+    }
+
+    void choosingTheSameTwiceWithdraws()
+    {
+        prepareMessages({"a.txt"});
+        m_house->openAndShow();
+        m_house->click(QStringLiteral("Record"));
+        menuItem(QStringLiteral("a.txt"))->trigger();
+        menuItem(QStringLiteral("a.txt"))->trigger();
+        QVERIFY(controller().attachmentName().isNull());
+        QCOMPARE(faceImage(), QStringLiteral("attach"));
+        QVERIFY(!controller().canReplyOrCompose());
+        QVERIFY(controller().recordingActive());
+    }
+
+    void withdrawingByACommandLeavesFlagAndCheckMark()
+    {
+        prepareMessages({"a.txt"});
+        m_house->openAndShow();
+        menuItem(QStringLiteral("a.txt"))->trigger();
+        QAction *item = menuItem(QStringLiteral("a.txt"));
+        QVERIFY(item->isChecked());
+        controller().removeAttachmentMenuSelection();
+        QVERIFY(item->isChecked());
+        QVERIFY(controller().canReplyOrCompose());
+        QCOMPARE(faceImage(), QStringLiteral("attach"));
+        QVERIFY(!menuItem(QStringLiteral("a.txt"))->isChecked());
+    }
+
+    void aChosenFileThatDisappearsStaysChosen()
+    {
+        prepareMessages({"a.txt"});
+        m_house->openAndShow();
+        menuItem(QStringLiteral("a.txt"))->trigger();
+        QVERIFY(QFile::remove(m_house->delegate.attachments->appendingNativePathComponent("a.txt").path()));
+        controller().menuNeedsUpdate();
+        QCOMPARE(controller().attachmentName(), QStringLiteral("a.txt"));
+        QCOMPARE(controller().attachmentsMenu()->actions().size(), 1);
+    }
+
+    void theMenuOpensUnderItsButton()
+    {
+        prepareMessages({"a.txt"});
+        m_house->openAndShow();
+        m_house->click(QStringLiteral("Optional Message"));
+        QTRY_VERIFY(controller().attachmentsMenu()->isVisible());
+        QTest::keyClick(controller().attachmentsMenu(), Qt::Key_Down);
+        QTest::keyClick(controller().attachmentsMenu(), Qt::Key_Return);
+        QTRY_COMPARE(controller().attachmentName(), QStringLiteral("a.txt"));
+    }
+
+    void anEmptyFolderIsSaid()
+    {
+        m_house->openAndShow();
+        m_house->click(QStringLiteral("Optional Message"));
+        QCOMPARE(m_house->notice(), QStringLiteral("The folder of prepared messages is empty."));
+        QVERIFY(!controller().attachmentsMenu()->isVisible());
+    }
+};
+
+QTEST_MAIN(TestMainWindow)
+#include "tst_mainwindow.moc"

@@ -1,0 +1,138 @@
+#include "ui/controls/ControlButton.h"
+#include "ui/controls/Icons.h"
+#include "ui/controls/MeterFrame.h"
+#include "ui/controls/PullDownButton.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QAccessible>
+#include <QMenu>
+#include <QPainter>
+#include <QVBoxLayout>
+#include <QtTest>
+
+using namespace kest;
+
+class TestControls : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void everyIconCanBeDrawn_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char *name : {"attach", "Tick", "pause", "pause-alt", "resume", "resume-alt", "stop", "record",
+                                 "microphone", "disclosure-closed", "disclosure-closed-alt", "disclosure-opened",
+                                 "disclosure-opened-alt", "mail", "reply", "reply-all", "folder", "help", "chevron",
+                                 "preferences", "notice", "org.kest.Kest"})
+            QTest::newRow(name) << QString::fromLatin1(name);
+    }
+
+    void everyIconCanBeDrawn()
+    {
+        QFETCH(QString, name);
+        const QIcon icon = iconNamed(name);
+        QVERIFY(!icon.isNull());
+        QCOMPARE(icon.name(), name);
+        const QImage drawn = icon.pixmap(QSize(40, 40)).toImage();
+        bool ink = false;
+        for (int y = 0; y < drawn.height() && !ink; ++y) {
+            for (int x = 0; x < drawn.width() && !ink; ++x)
+                ink = drawn.pixelColor(x, y).alpha() > 128;
+        }
+        QVERIFY(ink);
+    }
+
+    void anUnknownIconIsEmpty() { QVERIFY(iconNamed(QStringLiteral("nothing")).isNull()); }
+
+    void anIconTakesTheColour()
+    {
+        QImage image(40, 40, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        paintIconNamed(painter, QRectF(0, 0, 40, 40), QStringLiteral("stop"), QColor(10, 200, 30));
+        painter.end();
+        QCOMPARE(image.pixelColor(20, 20), QColor(10, 200, 30));
+    }
+
+    void theTooltipShowsTheKeys()
+    {
+        ControlButton button;
+        button.setHint(QStringLiteral("Record a message"));
+        QCOMPARE(button.toolTip(), QStringLiteral("Record a message"));
+        button.setKeys(QStringLiteral("Ctrl+R"));
+        QCOMPARE(button.toolTip(), QStringLiteral("Record a message (Ctrl+R)"));
+    }
+
+    void aRunningTimeKeepsItsPlaces()
+    {
+        ReadoutField field;
+        field.setTabular(true);
+        field.setText(QStringLiteral("00:11"));
+        const QSize ones = field.sizeHint();
+        field.setText(QStringLiteral("00:88"));
+        QCOMPARE(field.sizeHint(), ones);
+        field.setText(QStringLiteral("100:00"));
+        QVERIFY(field.sizeHint().width() > ones.width());
+    }
+
+    void aReadoutsTextCanBeReadBesideItsName()
+    {
+        ReadoutField field;
+        field.setAccessibleName(QStringLiteral("Recording Time"));
+        field.setText(QStringLiteral("00:07"));
+        QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(&field);
+        QVERIFY(accessible);
+        QCOMPARE(accessible->text(QAccessible::Name), QStringLiteral("Recording Time"));
+        QCOMPARE(accessible->text(QAccessible::Value), QStringLiteral("00:07"));
+        QVERIFY(accessible->textInterface());
+        QCOMPARE(accessible->textInterface()->text(0, 5), QStringLiteral("00:07"));
+        QVERIFY(accessible->state().readOnly);
+    }
+
+    void thePullDownShowsItsFirstItemOnItsFaceOnly()
+    {
+        PullDownButton button;
+        QCOMPARE(button.menu()->actions().size(), 1);
+        QVERIFY(!button.menu()->actions().constFirst()->isVisible());
+    }
+
+    void thePullDownFillsItsMenuBeforeItOpens()
+    {
+        PullDownButton button;
+        button.show();
+        QSignalSpy needed(&button, &PullDownButton::menuNeedsUpdate);
+        QSignalSpy shown(button.menu(), &QMenu::aboutToShow);
+        button.click();
+        QCOMPARE(needed.size(), 1);
+        QCOMPARE(shown.size(), 0);
+        connect(&button, &PullDownButton::menuNeedsUpdate, this,
+                [&] { button.menu()->addAction(QStringLiteral("a")); });
+        button.click();
+        QCOMPARE(shown.size(), 1);
+        button.menu()->close();
+    }
+
+    void theMeterHasRoundEnds()
+    {
+        QWidget window;
+        window.setPalette(QPalette(Qt::white, Qt::white));
+        MeterFrame frame(&window);
+        auto *layout = new QVBoxLayout(&frame);
+        layout->setContentsMargins(0, 0, 0, 0);
+        auto *bar = new QWidget;
+        bar->setAutoFillBackground(true);
+        bar->setPalette(QPalette(Qt::black, Qt::black));
+        layout->addWidget(bar);
+        frame.resize(60, 8);
+        window.resize(60, 8);
+        window.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&window));
+        const QImage image = window.grab().toImage();
+        QVERIFY(image.pixelColor(0, 0).lightness() > 200);
+        QCOMPARE(image.pixelColor(30, 4), QColor(Qt::black));
+        QVERIFY(image.pixelColor(image.width() - 1, image.height() - 1).lightness() > 200);
+    }
+};
+
+QTEST_MAIN(TestControls)
+#include "tst_controls.moc"

@@ -1,0 +1,66 @@
+#include "ui/NoticePlace.h"
+
+#include <QtTest>
+
+using kest::NoticePlace;
+using Subject = kest::NoticePlace::Subject;
+
+class TestNoticePlace : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void isEmptyAtFirst()
+    {
+        const NoticePlace place;
+        QVERIFY(place.text().isEmpty());
+        QCOMPARE(place.subject(), Subject::Status);
+    }
+
+    void theMostUrgentIsShown()
+    {
+        NoticePlace place;
+        for (const Subject subject : {Subject::Recording, Subject::Status, Subject::Progress, Subject::Hint,
+                                      Subject::Settings})
+            place.tell(subject, QString::number(static_cast<int>(subject)));
+        for (const Subject subject : {Subject::Progress, Subject::Recording, Subject::Settings, Subject::Hint,
+                                      Subject::Status}) {
+            QCOMPARE(place.subject(), subject);
+            QCOMPARE(place.text(), QString::number(static_cast<int>(subject)));
+            place.withdraw(subject);
+        }
+        QVERIFY(place.text().isEmpty());
+    }
+
+    void anEmptyTextWithdraws()
+    {
+        NoticePlace place;
+        place.tell(Subject::Recording, QStringLiteral("a"), QStringLiteral("more"));
+        QCOMPARE(place.detail(), QStringLiteral("more"));
+        place.tell(Subject::Recording, QString());
+        QVERIFY(place.text().isEmpty());
+        QVERIFY(place.detail().isEmpty());
+    }
+
+    void onlyChangesAreAnnounced()
+    {
+        NoticePlace place;
+        QSignalSpy spy(&place, &NoticePlace::changed);
+        place.tell(Subject::Status, QStringLiteral("a"));
+        place.tell(Subject::Status, QStringLiteral("a"));
+        place.withdraw(Subject::Hint);
+        QCOMPARE(spy.size(), 1);
+        place.tell(Subject::Status, QStringLiteral("a"), QStringLiteral("more"));
+        QCOMPARE(spy.size(), 2);
+    }
+
+    void aHintGoesAwayByItself()
+    {
+        NoticePlace place;
+        place.tell(Subject::Hint, QStringLiteral("a"));
+        QTRY_VERIFY_WITH_TIMEOUT(place.text().isEmpty(), NoticePlace::hintDuration + 2000);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestNoticePlace)
+#include "tst_noticeplace.moc"
