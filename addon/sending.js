@@ -45,8 +45,12 @@ async function sendWhenReady(tabId) {
     try {
       return await messenger.compose.sendMessage(tabId, { mode: "sendNow" });
     } catch (error) {
-      if (!/not ready/.test(error.message) || Date.now() > deadline) {
+      if (!/not ready/.test(error.message)) {
         throw error;
+      }
+      if (Date.now() > deadline) {
+        throw new MailError("Failed",
+          "Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.");
       }
       await pause(50);
     }

@@ -135,6 +135,7 @@ void AddonLink::answer(int serial, const AddonAnswer &answer)
     }
     const bool travelled = !m_handOvers.isEmpty() && m_handOvers.head() == serial;
     m_handOvers.removeAll(serial);
+    pending->handOver.reset();
     pending->answered(answer);
     if (travelled && !m_handOvers.isEmpty())
         startHandOver();

@@ -21,6 +21,12 @@ FileHandOver::FileHandOver(NativeChannel &channel, const QList<QDBusUnixFileDesc
         m_sources += {file, 0};
 }
 
+FileHandOver::~FileHandOver()
+{
+    if (!m_ended)
+        drop();
+}
+
 void FileHandOver::start()
 {
     if (!measure())
@@ -86,9 +92,14 @@ void FileHandOver::taken(int file)
 void FileHandOver::fail(const QString &words)
 {
     m_ended = true;
+    drop();
+    Q_EMIT failed(words);
+}
+
+void FileHandOver::drop()
+{
     for (int index = 0; index < m_sources.size(); ++index)
         m_channel.send({{u"drop"_s, m_firstFile + index}});
-    Q_EMIT failed(words);
 }
 
 } // namespace kest

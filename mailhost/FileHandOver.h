@@ -26,6 +26,8 @@ public:
 
     FileHandOver(NativeChannel &channel, const QList<QDBusUnixFileDescriptor> &files, int firstFile,
                  QObject *parent = nullptr);
+    /// Given up before its end, it has the add-on forget what it has got so far.
+    ~FileHandOver() override;
 
     void start();
 
@@ -49,6 +51,7 @@ private:
     bool measure();
     void sendMore();
     bool sendPiece();
+    void drop();
     void fail(const QString &words);
 
     NativeChannel &m_channel;

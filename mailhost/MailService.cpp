@@ -60,9 +60,11 @@ bool MailService::handleMessage(const QDBusMessage &message, const QDBusConnecti
     if (message.interface() == propertiesInterface)
         return handleProperties(message, *interface);
     const bool ours = message.interface().isEmpty() || message.interface() == interfacePrefix + interface->name;
-    const ContractMember *method = ours ? interface->method(message.member()) : nullptr;
-    if (!method)
+    if (!ours)
         return false;
+    const ContractMember *method = interface->method(message.member());
+    if (!method)
+        return m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, u"There is no such method."_s));
     if (message.signature() != method->inputSignature)
         return fail(message, u"InvalidArgument"_s, u"%1 takes (%2)."_s.arg(method->name, method->inputSignature));
     pass(message, {u"call"_s, *interface, message.arguments()}, *method, false);

@@ -66,6 +66,16 @@ test("a window that does not offer Send at once is asked again", async () => {
   assert.equal(tries, 3);
 });
 
+test("a window that never offers Send fails the call in words", async () => {
+  useFakeTime();
+  const { message } = shown(async () => {
+    throw new Error("Message compose window not ready for the requested command");
+  });
+  const sending = assert.rejects(send(message), /may be offline/);
+  await pass(3500);
+  await sending;
+});
+
 test("while Thunderbird asks something its window comes to the front after five seconds", async () => {
   useFakeTime();
   const { window, message } = shown(() => new Promise(() => {}));

@@ -14,7 +14,7 @@ class Html(MailCase):
 
     maxDiff = None
 
-    options = {"compose_html": True, "prefs": {"mail.default_send_format": 2}}
+    options = {"compose_html": True, "prefs": {"mail.default_send_format": 2, "mail.openMessageBehavior": 0}}
 
     @classmethod
     def prepare_mail(cls):
@@ -82,6 +82,14 @@ class Html(MailCase):
         html = self.html_of(self.mail.wait_sent()[0])
         self.assertIn("<blockquote type=\"cite\"", html)
         self.assertLess(html.index("In front"), html.index("<blockquote"))
+
+    def test_a_message_in_a_window_of_its_own_is_the_selection(self):
+        self.thunderbird.open_inbox(self.bus, 1)
+        selected = self.bus.selection()
+        self.thunderbird.press("Inbox - ", "Return")
+        self.thunderbird.raise_window("Quoted - Mozilla Thunderbird")
+        wait_until(lambda: self.bus.selection() == selected, "the message of the window")
+        self.thunderbird.press("Quoted - Mozilla Thunderbird", "ctrl+w")
 
     def test_changing_the_sender_changes_the_signature(self):
         path = self.discard(self.bus.new_message("Sender", "Text"))

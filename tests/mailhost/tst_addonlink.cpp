@@ -151,7 +151,9 @@ private Q_SLOTS:
         link.request({}, files, 30, [&errors](const AddonAnswer &answer) { errors += answer.errorName; });
         link.request({{u"member"_s, u"next"_s}}, files, longEnough, [](const AddonAnswer &) {});
         QTRY_COMPARE(errors, QStringList(u"TimedOut"_s));
-        const QJsonObject piece = sentBy(addon, 3)[2];
+        const QList<QJsonObject> sent = sentBy(addon, 4);
+        QCOMPARE(sent[2]["drop"_L1], sent[1]["chunk"_L1]);
+        const QJsonObject piece = sent[3];
         QVERIFY(addon.send({{u"taken"_s, piece["chunk"_L1]}}));
         QCOMPARE(sentBy(addon, 1)[0]["member"_L1].toString(), u"next"_s);
     }
