@@ -1,0 +1,102 @@
+// What the real program leaves behind, however it ends.
+
+#include "support/X11Desktop.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QtTest>
+
+#include <csignal>
+
+using kest::testing::X11Desktop;
+
+class TestEnding : public QObject
+{
+    Q_OBJECT
+
+    X11Desktop m_desktop;
+    std::unique_ptr<QProcess> m_kest;
+
+    static QString recordings() { return QDir::homePath() + QStringLiteral("/Music/Kest"); }
+
+    void start()
+    {
+        m_kest = std::make_unique<QProcess>();
+        m_kest->setProcessChannelMode(QProcess::ForwardedChannels);
+        m_kest->start(qEnvironmentVariable("KEST_BUILD_DIR") + QStringLiteral("/bin/kest"), QStringList());
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.findWindow("Kest") && m_desktop.activeWindow() == m_desktop.findWindow("Kest"),
+                                 10000);
+    }
+
+    void end(int signalNumber)
+    {
+        QCOMPARE(::kill(static_cast<pid_t>(m_kest->processId()), signalNumber), 0);
+        QVERIFY(m_kest->waitForFinished(10000));
+        QTRY_COMPARE(m_desktop.findWindow("Kest"), xcb_window_t(XCB_WINDOW_NONE));
+    }
+
+    static void press(const char *keys)
+    {
+        QProcess xdotool;
+        xdotool.start(QStringLiteral("xdotool"), { QStringLiteral("key"), QString::fromLatin1(keys) });
+        QVERIFY(xdotool.waitForFinished());
+        QCOMPARE(xdotool.exitCode(), 0);
+    }
+
+    static QByteArray recording()
+    {
+        const auto names = QDir(recordings()).entryList({ QStringLiteral("*.m4a") }, QDir::Files);
+        QFile file(recordings() + u'/' + names.value(0));
+        return names.size() == 1 && file.open(QFile::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    // An ordinary file, not the row of fragments that a running recording is.
+    static bool isFinished(const QByteArray &file)
+    {
+        return file.indexOf("moov") > 0 && file.indexOf("moov") < file.indexOf("mdat") && !file.contains("moof");
+    }
+
+    void recordASecond()
+    {
+        // A window that has just been given the focus may miss a key; while it records, the key does nothing more.
+        QTRY_VERIFY((press("ctrl+r"), !recording().isEmpty()));
+        QTRY_VERIFY_WITH_TIMEOUT(recording().count("moof") >= 4, 10000); // fragments of a quarter of a second at most
+    }
+
+private Q_SLOTS:
+    void init() { QVERIFY(QDir(recordings()).removeRecursively()); }
+
+    void aRunningRecordingIsFinishedBeforeTheProgramEnds()
+    {
+        start();
+        recordASecond();
+        QVERIFY(!isFinished(recording()));
+        end(SIGTERM);
+        QCOMPARE(m_kest->exitStatus(), QProcess::NormalExit);
+        QVERIFY(isFinished(recording()));
+    }
+
+    void aKilledProgramsRecordingIsFinishedAtTheNextStart()
+    {
+        start();
+        recordASecond();
+        end(SIGKILL);
+        QVERIFY(!isFinished(recording()));
+        start();
+        QTRY_VERIFY(isFinished(recording()));
+        end(SIGTERM);
+        QVERIFY(isFinished(recording()));
+    }
+
+    void aStartAndAnEndLeaveNoSettingsAndBothFolders()
+    {
+        start();
+        end(SIGTERM);
+        QVERIFY(QFileInfo(recordings()).isDir());
+        QVERIFY(QFileInfo(recordings() + QStringLiteral(" Optional Outgoing Messages")).isDir());
+        QVERIFY(!QFile::exists(qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/kest")));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestEnding)
+#include "tst_ending.moc"
