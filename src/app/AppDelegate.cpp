@@ -97,6 +97,7 @@ InputNameField AppDelegate::inputNameField()
 AppDelegate::TerminateReply AppDelegate::applicationShouldTerminate()
 {
     disconnect(m_platform.workspace.get(), nullptr, this, nullptr);
+    m_platform.workspace->withdrawNotice();
     const qint64 choice = m_defaults.integerForKey(SettingsKeys::iWhenToDelete);
     if (choice != 0)
         deleteOldFilesChoice(choice);
@@ -112,15 +113,26 @@ void AppDelegate::appWasActivated(const QString &identifier)
 {
     if (identifier == m_platform.workspace->ownIdentifier() || identifier == mailApplicationIdentifier) {
         m_winController->orderFront();
+        m_platform.workspace->withdrawNotice();
         updateInputName();
     } else if (!m_winController->sheetShowing()) {
         m_winController->orderOut();
+        tellThatRecordingGoesOn();
     }
+}
+
+void AppDelegate::tellThatRecordingGoesOn()
+{
+    if (!m_winController->recordingActive())
+        return;
+    m_platform.workspace->showNotice(tr("Kest is still recording"),
+                                     tr("Its window comes back when you turn to your mail, or start Kest again."));
 }
 
 void AppDelegate::activate()
 {
     m_winController->showWindow();
+    m_platform.workspace->withdrawNotice();
 }
 
 void AppDelegate::openHelp()

@@ -50,7 +50,8 @@ public:
 
     /// An application came to the front, named as Workspace does. The main
     /// window is shown beside this application and the mail application, and
-    /// hidden beside any other, unless its preferences sheet is showing.
+    /// hidden beside any other, unless its preferences sheet is showing. A
+    /// recording goes on in the hidden window, and a notice of the desktop says so.
     void appWasActivated(const QString &identifier);
 
     /// Removes old recordings; `choice` is the value of `iWhenToDelete`, not 0.
@@ -89,6 +90,7 @@ private:
     void showInputName(int retryAfter);
     void finishInterruptedRecordings();
     void connectWindow();
+    void tellThatRecordingGoesOn();
 
     Platform &m_platform;
     UserDefaults &m_defaults;

@@ -6,6 +6,7 @@
 #include "platform/linux/desktop/SingleInstance.h"
 #include "platform/linux/desktop/TerminationSignals.h"
 #include "ui/Alert.h"
+#include "ui/MainWindowController.h"
 
 #include <QStandardPaths>
 #include <QTimer>
@@ -17,16 +18,16 @@ namespace {
 // How long the end waits for a recording that is being finished. What takes longer is finished at the next start.
 constexpr int finishWait = 5000; // ms
 
-QString settingsPath()
-{
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/kest/settings.ini");
-}
-
 // How long a second start waits for the first one to come to the front.
 constexpr std::chrono::milliseconds handOverLimit { 3000 };
 
 // The window is painted by then.
 constexpr int serveDelay = 100; // ms
+
+QString settingsPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QStringLiteral("/kest/settings.ini");
+}
 
 bool handedOver(SingleInstance &instance, int argc, char **argv)
 {
@@ -51,6 +52,7 @@ int run(Application &application, SingleInstance &instance)
         QObject::connect(&wishes, &TerminationSignals::received, &application, &Application::terminate);
         QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::activate);
         delegate.applicationDidFinishLaunching();
+        alerts.setWindow(delegate.winController()->window());
         QTimer::singleShot(serveDelay, &instance, &SingleInstance::serve);
         application.exec();
     }

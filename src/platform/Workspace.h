@@ -23,6 +23,14 @@ public:
     /// when the desktop has none.
     virtual bool openURL(const QUrl &url) = 0;
 
+    /// Tells the person something while the window is hidden, as the desktop's
+    /// notices do; a later one takes the place of an earlier one. Returns at
+    /// once; where the desktop shows no notices, nothing happens.
+    virtual void showNotice(const QString &title, const QString &text) = 0;
+
+    /// Takes the notice away again, when it still stands.
+    virtual void withdrawNotice() = 0;
+
 Q_SIGNALS:
     /// An application came to the front. `identifier` is `ownIdentifier()`,
     /// `mailApplicationIdentifier`, another application's own name, or empty

@@ -22,11 +22,15 @@ public:
         return opens;
     }
 
+    void showNotice(const QString &title, const QString &text) override { notice = title + u'\n' + text; }
+    void withdrawNotice() override { notice.clear(); }
+
     /// The person turned to that application.
     void activate(const QString &identifier) { Q_EMIT applicationActivated(identifier); }
 
     bool opens = true;
     QList<QUrl> opened;
+    QString notice; ///< What stands there now; empty when nothing does.
 };
 
 } // namespace kest::test

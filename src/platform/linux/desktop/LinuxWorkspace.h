@@ -2,6 +2,7 @@
 
 #include "platform/Workspace.h"
 #include "platform/linux/desktop/ActiveWindowWatch.h"
+#include "platform/linux/desktop/DesktopNotice.h"
 #include "platform/linux/desktop/FrontmostApplication.h"
 
 #include <memory>
@@ -28,6 +29,8 @@ public:
 
     QString ownIdentifier() const override;
     bool openURL(const QUrl &url) override;
+    void showNotice(const QString &title, const QString &text) override { m_notice.show(title, text); }
+    void withdrawNotice() override { m_notice.withdraw(); }
 
 private:
     void begin();
@@ -35,6 +38,7 @@ private:
     void readActiveWindow();
     FrontmostApplication::ActiveWindow described(const ActiveWindowWatch::Window &window) const;
 
+    DesktopNotice m_notice;
     FrontmostApplication m_frontmost;
     std::unique_ptr<ActiveWindowWatch> m_watch; // null where the display is not X11
     QByteArray m_mailClass;                     // how a mail application's window class begins, in lower case
