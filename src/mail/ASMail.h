@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mail/MailApplication.h"
+#include "mail/ReplyFlags.h"
 #include "platform/AlertPresenter.h"
 
 #include <QJSValue>
@@ -49,11 +50,7 @@ public:
                                    const std::optional<QVariantList> &withAttachments, quint64 insertionIndex,
                                    const QString &accountName);
 
-    struct Flags {
-        bool withReplyAll = false;
-        bool sendingReply = false;
-        bool deletingOriginal = false;
-    };
+    using Flags = ReplyFlags;
 
     /// Answers the last message of the selection.
     void mailReplyAppendingBodyText(const QString &bodyText, const std::optional<QVariantList> &withAttachments,

@@ -39,9 +39,7 @@ void MailController::mailCreateMessageWithSubject(const QString &subject, const 
 void MailController::mailCreateMessageWithSubject(const QString &subject, const QString &withBody,
                                                   const QList<FileURL> &withAttachments, quint64 insertionIndex)
 {
-    const auto message = m_mailApp->classForScriptingClass(u"outgoing message"_s)
-                             .initWithProperties({{u"subject"_s, subject}, {u"content"_s, withBody}})
-                             .value<OutgoingMessage>();
+    const OutgoingMessage message = madeMessage(subject, withBody);
     // Making the object sends no event: this reports the failure of an earlier one.
     if (!passesCheckPoint())
         return;
@@ -78,6 +76,13 @@ bool MailController::mailVerifySelectedMessagesExist()
         return true;
     showUnableToProceed(localized("No messages appear to be selected in Mail. Please select a message and try again."));
     return false;
+}
+
+OutgoingMessage MailController::madeMessage(const QString &subject, const QString &content)
+{
+    return m_mailApp->classForScriptingClass(u"outgoing message"_s)
+        .initWithProperties({{u"subject"_s, subject}, {u"content"_s, content}})
+        .value<OutgoingMessage>();
 }
 
 std::optional<Error> MailController::insertAttachments(const QList<FileURL> &files, const OutgoingMessage &message,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mail/MailApplication.h"
+#include "mail/ReplyFlags.h"
 #include "platform/AlertPresenter.h"
 
 #include <optional>
@@ -44,6 +45,22 @@ public:
     void mailCreateMessageWithSubject(const QString &subject, const QString &withBody,
                                       const QList<FileURL> &withAttachments, quint64 insertionIndex);
 
+    /// Answers the message: a new message with the mail application's own reply's
+    /// recipients, subject and sender, and the text directly in front of its
+    /// quote. It is sent, or shown and brought forward.
+    ///
+    /// Throws, and leaves the mail application as it is at that point, when the
+    /// mail application yields no text to quote (std::invalid_argument), and when
+    /// there are more bcc than cc recipients (std::out_of_range).
+    void mailReplyToMessage(const Message &message, const QString &appendingBodyText,
+                            const std::optional<FileURL> &withAttachment, const ReplyFlags &flags,
+                            quint64 insertionIndex);
+
+    /// As above. All attachments use the same index, so each later one lands in
+    /// front of those before it.
+    void mailReplyToMessage(const Message &message, const QString &appendingBodyText,
+                            const QList<FileURL> &withAttachments, const ReplyFlags &flags, quint64 insertionIndex);
+
     /// The selected messages in the mail application's order.
     QList<Message> mailGetSelectedMessages();
 
@@ -56,6 +73,13 @@ public:
     bool mailVerifySelectedMessagesExist();
 
 private:
+    /// A message that exists only here until it is added.
+    OutgoingMessage madeMessage(const QString &subject, const QString &content);
+
+    /// Sends the reply, or shows it. False, after an alert, when it could not be
+    /// sent.
+    bool deliver(const OutgoingMessage &reply, bool sending);
+
     /// Inserts them one after the other, whatever fails, and returns the last
     /// failure.
     std::optional<Error> insertAttachments(const QList<FileURL> &files, const OutgoingMessage &message, quint64 index);
