@@ -19,9 +19,8 @@ def parts_of(build):
 
 def parts_nearby():
     """The add-on and the host of the installation or source tree that this command lies in."""
-    installed = HERE.parent.parent / "libexec/kest/kest-mail-host", HERE / "kest-thunderbird.xpi"
-    if installed[0].exists():
-        return _checked(installed[1], installed[0])
+    if (HERE / "kest-thunderbird.xpi").exists():
+        return _checked(HERE / "kest-thunderbird.xpi", HERE.parents[2] / "libexec" / "kest" / "kest-mail-host")
     builds = [path.parent for path in HERE.parent.glob("build/*/kest-thunderbird.xpi")]
     if not builds:
         raise ProfileError("neither the add-on nor the mail host is built; build Kest first, or name the folder by --build")
@@ -46,6 +45,7 @@ class Installation:
     def install(self, parts):
         addon, host = parts
         self.profile.must_rest()
+        _protect_firefox()
         self.addon.parent.mkdir(exist_ok=True)
         _copy(addon, self.addon)
         self.manifest.parent.mkdir(parents=True, exist_ok=True)
@@ -82,6 +82,16 @@ class Installation:
             return "not announced"
         path = json.loads(self.manifest.read_text(encoding="utf-8")).get("path", "")
         return path if os.access(path, os.X_OK) else f"{path} is announced but missing"
+
+
+def _protect_firefox():
+    """Thunderbird looks for hosts in ~/.mozilla alone; a Firefox that keeps its profiles elsewhere would take that folder's
+    mere existence for a sign that they are there."""
+    legacy = Path.home() / ".mozilla"
+    modern = Path(os.environ.get("XDG_CONFIG_HOME") or Path.home() / ".config") / "mozilla"
+    if not legacy.exists() and (modern / "firefox").exists():
+        raise ProfileError(f"Firefox keeps its profiles in {modern} and would not find them any more if there were a folder "
+                           f"{legacy}; make {legacy} a link to {modern}, then try again")
 
 
 def _manifest_for(host):

@@ -92,6 +92,31 @@ class Command(unittest.TestCase):
         self.run_command("install", "--build", BUILD)
         self.assertTrue((profile / "extensions" / f"{ADDON}.xpi").exists())
 
+    def test_a_firefox_that_would_lose_its_profiles_is_protected(self):
+        self.profile()
+        modern = self.sandbox.home / ".config/mozilla"
+        (modern / "firefox").mkdir(parents=True)
+        code, words = self.run_command("install", "--build", BUILD)
+        self.assertEqual(code, 1)
+        self.assertIn("Firefox", words)
+        self.assertFalse((self.sandbox.home / ".mozilla").exists())
+        (self.sandbox.home / ".mozilla").symlink_to(modern)
+        self.assertEqual(self.run_command("install", "--build", BUILD)[0], 0)
+        self.assertEqual(self.run_command("remove")[0], 0)
+        self.assertTrue((self.sandbox.home / ".mozilla").is_symlink())
+        self.assertTrue((modern / "firefox").exists())
+
+    def test_an_installed_kest_finds_its_own_parts(self):
+        self.profile()
+        prefix = self.sandbox.root / "usr"
+        subprocess.run(["cmake", "--install", BUILD, "--prefix", str(prefix), "--component", "thunderbird"],
+                       capture_output=True, check=True)
+        done = subprocess.run([str(prefix / "share/kest/thunderbird/thunderbird-addon"), "install"], env=self.sandbox.env,
+                              capture_output=True, text=True, timeout=20)
+        self.assertEqual(done.returncode, 0, done.stderr)
+        manifest = json.loads((self.sandbox.home / ".mozilla/native-messaging-hosts/org.kest.mailhost.json").read_text())
+        self.assertEqual(manifest["path"], str(prefix / "libexec/kest/kest-mail-host"))
+
     def test_no_profile_is_said_in_words(self):
         code, words = self.run_command("install", "--build", BUILD)
         self.assertEqual(code, 1)
