@@ -12,7 +12,7 @@ namespace kest {
 /// What a recording is encoded as.
 struct EncoderFormat {
     int sampleRate = 44100; ///< Hz.
-    int bitRate = 64000;    ///< Bits a second.
+    int bitRate = 72000;    ///< Bits a second.
 };
 
 /// Encodes one recording into a file that is playable all the while.

@@ -18,7 +18,7 @@ namespace {
 
 constexpr quint32 formatMpeg4Aac = 0x61616320; // "aac "
 constexpr int warmMilliseconds = 5000;
-constexpr int speechBitRate = 64000; // docs/decisions/0005-speech-bit-rate.md
+constexpr int speechBitRate = 72000; // docs/decisions/0005-speech-bit-rate.md
 
 Error unsupported(const QString &reason)
 {
