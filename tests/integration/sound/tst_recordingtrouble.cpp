@@ -9,6 +9,7 @@
 
 #include <cmath>
 #include <algorithm>
+#include <stdexcept>
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -60,7 +61,7 @@ private Q_SLOTS:
     void missingMicrophoneIsTold();
     void removedMicrophoneIsToldAndTheTakeKept();
     void noOtherMicrophoneIsTakenSilently();
-    void moveByThePersonIsFollowed();
+    void moveByThePersonIsFollowedOrRefused();
     void killedServerIsToldAndTheTakeKept();
     void stalledServerIsToldAndTheTakeKept();
     void serverThatComesBackIsUsedAgain();
@@ -181,7 +182,7 @@ void RecordingTroubleTest::noOtherMicrophoneIsTakenSilently()
         QVERIFY2(std::fabs(sample) < 0.5F, "something of the other microphone is in the recording");
 }
 
-void RecordingTroubleTest::moveByThePersonIsFollowed()
+void RecordingTroubleTest::moveByThePersonIsFollowedOrRefused()
 {
     const QByteArray fifo = tellSoundServer("add_source", {{QStringLiteral("name"), QStringLiteral("kest_other")},
                                                            {QStringLiteral("description"), QStringLiteral("USB Mic")}})
@@ -192,7 +193,15 @@ void RecordingTroubleTest::moveByThePersonIsFollowed()
     recorder.prepareToRecord();
     recorder.record();
     QVERIFY(bench.waitForCapture(0.5));
-    tellSoundServer("move_recorders", {{QStringLiteral("name"), QStringLiteral("kest_other")}});
+    const QJsonObject there = {{QStringLiteral("name"), QStringLiteral("kest_other")}};
+    if (qgetenv("KEST_TEST_SOUND") == "pipewire") {
+        // It moves a stream before it says so: every move is refused, and the recording goes on.
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, tellSoundServer("move_recorders", there));
+        QVERIFY(bench.waitForCapture(recorder.currentTime() + 0.3));
+        QVERIFY(bench.trouble->isEmpty());
+        return;
+    }
+    tellSoundServer("move_recorders", there);
     QVERIFY(bench.waitForCapture(recorder.currentTime() + 1.0));
     recorder.stop();
     QVERIFY(bench.waitUntilFinished());

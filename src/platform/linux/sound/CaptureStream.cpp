@@ -44,9 +44,11 @@ bool CaptureStream::open()
     pa_buffer_attr buffer = {};
     buffer.maxlength = uint32_t(-1);
     buffer.fragsize = uint32_t(pa_usec_to_bytes(fragmentMilliseconds * PA_USEC_PER_MSEC, &spec));
-    const auto flags = pa_stream_flags_t(PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE
-                                         | PA_STREAM_INTERPOLATE_TIMING);
-    return pa_stream_connect_record(m_stream, m_source.name.constData(), &buffer, flags) == 0;
+    int flags = PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_INTERPOLATE_TIMING;
+    // Where samples of another source can come before the news of the move, no move is allowed, not even a person's.
+    if (m_context.sources().movesStreamsUnannounced)
+        flags |= PA_STREAM_DONT_MOVE;
+    return pa_stream_connect_record(m_stream, m_source.name.constData(), &buffer, pa_stream_flags_t(flags)) == 0;
 }
 
 void CaptureStream::stateChanged()

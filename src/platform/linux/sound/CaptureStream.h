@@ -28,8 +28,9 @@ public:
 ///
 /// Asks for the source's own channels and averages them here: servers' own
 /// conversions to mono add, which is too loud and can clip. Ends when its source
-/// goes away, also where the server would move the stream to another one; only a
-/// move that a person makes is followed. For the PulseThread.
+/// goes away, also where the server would move the stream to another one; a move
+/// that a person makes is followed where the server tells of it in time
+/// (PulseAudio does, PipeWire does not). For the PulseThread.
 class CaptureStream
 {
 public:
