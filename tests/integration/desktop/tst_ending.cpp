@@ -88,6 +88,19 @@ private Q_SLOTS:
         QVERIFY(isFinished(recording()));
     }
 
+    void withoutItsFoldersTheProgramSaysSoInTheLogAndEnds()
+    {
+        QVERIFY(QDir().mkpath(QDir::homePath() + QStringLiteral("/Music")));
+        QFile inTheWay(recordings());
+        QVERIFY(inTheWay.open(QFile::WriteOnly));
+        QProcess kest;
+        kest.start(qEnvironmentVariable("KEST_BUILD_DIR") + QStringLiteral("/bin/kest"), QStringList());
+        QVERIFY(kest.waitForFinished(10000));
+        QCOMPARE(kest.exitCode(), 1);
+        QVERIFY(kest.readAllStandardError().contains("Error creating ~/Music/Kest : "));
+        QVERIFY(inTheWay.remove());
+    }
+
     void aStartAndAnEndLeaveNoSettingsAndBothFolders()
     {
         start();
