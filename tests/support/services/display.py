@@ -10,6 +10,7 @@ OPENBOX = """<?xml version="1.0" encoding="UTF-8"?>
   <placement><policy>Smart</policy></placement>
   <theme><name>Clearlooks</name></theme>
   <desktops><number>1</number></desktops>
+  <keyboard><keybind key="A-F4"><action name="Close"/></keybind></keyboard>
 </openbox_config>
 """
 

@@ -82,21 +82,32 @@ class Operator:
         except NotImplementedError:
             return control.name
 
+    def value_text(self, control):
+        """What a control with a fixed name shows: its text where it has one, else its description."""
+        return control.description or self.text(control)
+
+    def type_into(self, window, text):
+        """Types into whatever has the focus in the window."""
+        self.sandbox.run(["xdotool", "windowactivate", "--sync", window])
+        self.sandbox.run(["xdotool", "type", "--delay", "20", text], seconds=60)
+
     def click(self, control, seconds=5):
         """Moves the pointer onto the control and presses the left button there."""
         wait_until(lambda: self.is_enabled(control), f"“{control.name}” to be enabled", seconds, every=0.02)
         box = control.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
         if box.width <= 0 or box.height <= 0:
             raise ServiceError(f"“{control.name}” has no place on the screen")
-        self.sandbox.run(["xdotool", "mousemove", "--sync", box.x + box.width // 2, box.y + box.height // 2,
+        self.sandbox.run(["xdotool", "mousemove", box.x + box.width // 2, box.y + box.height // 2,
                           "click", "1"])
 
     def key(self, combination, window=None):
         """Presses keys, for example "ctrl+Return", in the window that has the focus or in the given one."""
-        words = ["xdotool"]
         if window:
-            words += ["windowactivate", "--sync", window]
-        self.sandbox.run(words + ["key", "--clearmodifiers", combination])
+            self.sandbox.run(["xdotool", "windowactivate", "--sync", window])
+        self.sandbox.run(["xdotool", "key", "--clearmodifiers", combination])
+
+    def move_window(self, window, x, y):
+        self.sandbox.run(["xdotool", "windowmove", window, x, y])
 
     def window(self, pattern, seconds=20):
         """The id of a visible window whose title matches the pattern."""

@@ -1,0 +1,247 @@
+#!/usr/bin/python3
+"""The main job from end to end, on real parts: a spoken sentence becomes a mail that arrives.
+
+    main_job.py --build BUILD_FOLDER --output FOLDER [--sound pulseaudio|pipewire] [--back-end script|bridge]
+
+Starts a private sound server whose default source is a virtual microphone, a virtual display with a window manager, a
+mail server on loopback and Thunderbird with a throw-away profile. Then it works Kest's window as a person would, with
+the mouse, and sends the mail from Thunderbird's own window. Leaves pictures, the recording and the mail in the output
+folder. Ends with 0 only when every step did what it says.
+"""
+
+import argparse
+import contextlib
+import os
+import shutil
+import subprocess
+import sys
+import time
+import traceback
+from pathlib import Path
+
+here = Path(__file__).resolve().parent
+sys.path.insert(0, str(here.parent / "support"))
+sys.path.insert(0, str(here))
+
+from kest_program import KestProgram, speak  # noqa: E402
+from services.base import Sandbox, ServiceError, wait_until  # noqa: E402
+from services.bus import AccessibilityBus, SessionBus  # noqa: E402
+from services.display import Display  # noqa: E402
+from services.mail_content import ArrivedMail  # noqa: E402
+from services.mailserver import MailServer  # noqa: E402
+from services.operator import Operator  # noqa: E402
+from services.sound import SoundServer  # noqa: E402
+from services.thunderbird import Thunderbird  # noqa: E402
+
+FIRST = "Hello, this is a spoken message."
+SECOND = "I made a pause, and now I go on."
+RECIPIENT = "friend@example.test"
+COMPOSE_TITLE = "Write: A voice email"
+
+
+class Progress:
+    """Says what is being done, numbered, with the time that it took."""
+
+    def __init__(self, total):
+        self.total = total
+        self.number = 0
+
+    def __call__(self, what, action):
+        self.number += 1
+        print(f"[{self.number:2}/{self.total}] {what} ", end="", flush=True)
+        begin = time.monotonic()
+        try:
+            result = action()
+        except Exception:
+            print("– FAILED", flush=True)
+            raise
+        print(f"– {time.monotonic() - begin:.1f} s", flush=True)
+        return result
+
+
+class MainJob:
+    """One run; the steps stand in `run`."""
+
+    def __init__(self, sandbox, build, output, sound, back_end):
+        self.sandbox = sandbox
+        self.build = build
+        self.output = output
+        self.sound_kind = sound
+        self.back_end = back_end
+        self.pictures = 0
+
+    def run(self):
+        step = Progress(14)
+        step("A sound server with a virtual microphone, a session bus, a display", self.start_desktop)
+        step("A mail server on loopback", self.start_mail_server)
+        step("Thunderbird with one account and our add-on", self.start_thunderbird)
+        step("Kest opens", self.start_kest)
+        step("Record, and a sentence is spoken", self.record)
+        step("Pause: the time stands still", self.pause)
+        step("Resume, and the sentence goes on", self.resume)
+        step("Stop", self.stop)
+        step("The recording is an ordinary .m4a with what was said", self.check_recording)
+        step("New Message: Thunderbird's compose window opens", self.compose)
+        step("The mail is sent from Thunderbird's own window", self.send)
+        step("The mail arrived, with subject, text and the recording", self.check_mail)
+        step("Kest closes, with nothing left behind", self.quit)
+        step("Everything that was started has ended", self.end)
+
+    # Steps
+
+    def start_desktop(self):
+        SessionBus(self.sandbox)
+        self.display = Display(self.sandbox, "1400x860")
+        AccessibilityBus(self.sandbox)
+        self.sound = SoundServer(self.sandbox, self.sound_kind)
+        self.person = Operator(self.sandbox)
+
+    def start_mail_server(self):
+        self.mail_server = MailServer(self.sandbox)
+
+    def start_thunderbird(self):
+        self.thunderbird = Thunderbird(self.sandbox, self.mail_server).start()
+
+    def start_kest(self):
+        self.kest = KestProgram(self.sandbox, self.person, self.build)
+        if self.back_end == "bridge":
+            self.kest.write_setting("useASClass", "false")
+        self.kest.start()
+        self.person.move_window(self.person.window("^Kest$"), 900, 160)  # beside where the mail is written
+        self.picture("kest-opens")
+
+    def record(self):
+        self.kest.click("Record")
+        speak(self.sandbox, self.sound, FIRST, self.output, "first-sentence", during=lambda: self.picture("recording"))
+
+    def pause(self):
+        self.kest.click("Pause")
+        self.kest.control("Resume")
+        shown = self.kest.time_text()
+        self.sound.microphone.play_samples(bytes(2 * 44100))
+        if self.kest.time_text() != shown:
+            raise ServiceError("the time went on during the pause")
+        self.picture("paused")
+
+    def resume(self):
+        self.kest.click("Resume")
+        speak(self.sandbox, self.sound, SECOND, self.output, "second-sentence")
+
+    def stop(self):
+        self.kest.click("Stop")
+        wait_until(lambda: self.kest.time_text() == "--:--", "the time to say that nothing is recorded")
+        self.picture("stopped")
+
+    def check_recording(self):
+        self.recording = wait_until(self.kest.only_recording, "the recording")
+        wait_until(lambda: b"moof" not in self.recording.read_bytes(), "the recording to be finished")
+        seconds = float(subprocess.run(
+            ["ffprobe", "-v", "error", "-show_entries", "format=duration", "-of", "csv=p=0", self.recording],
+            check=True, capture_output=True, text=True).stdout)
+        spoken = sum(self.spoken_seconds(name) for name in ("first-sentence", "second-sentence"))
+        if not spoken <= seconds <= spoken + 4:
+            raise ServiceError(f"the recording lasts {seconds:.2f} s, but {spoken:.2f} s were spoken")
+        shutil.copy2(self.recording, self.output / self.recording.name)
+
+    def compose(self):
+        self.kest.click("New Message")
+        self.compose_window = self.thunderbird.wait_window(COMPOSE_TITLE, 30)
+        self.kest.wait_until_idle()
+        self.person.move_window(self.compose_window, 0, 0)
+        self.picture("compose")
+
+    def send(self):
+        mail_program = self.person.application("Thunderbird")
+        self.person.click(self.person.find(mail_program, "To", "entry"))
+        self.person.type_into(self.compose_window, RECIPIENT)
+        self.person.key("Tab", self.compose_window)
+        self.picture("ready-to-send")
+        self.thunderbird.send_from_window(COMPOSE_TITLE)
+        self.mail_server.wait_sent()
+
+    def check_mail(self):
+        arrived = sorted(self.mail_server.outbox.glob("*.eml"))
+        if len(arrived) != 1:
+            raise ServiceError(f"{len(arrived)} mails arrived")
+        mail = ArrivedMail(shutil.copy2(arrived[0], self.output / "arrived.eml"))
+        if not mail.subject.startswith("A voice email from"):
+            raise ServiceError(f"the subject is “{mail.subject}”")
+        if "I am trying to save on typing" not in mail.text:
+            raise ServiceError(f"the text is “{mail.text}”")
+        if RECIPIENT not in str(mail.message["To"]):
+            raise ServiceError(f"it went to “{mail.message['To']}”")
+        names = [(name, kind) for name, kind, _ in mail.attachments]
+        if names != [(self.recording.name, "audio/mp4")]:
+            raise ServiceError(f"it carries {names}")
+        if mail.attachments[0][2] != self.recording.read_bytes():
+            raise ServiceError("the attachment differs from the recording")
+
+    def quit(self):
+        self.kest.quit()
+        self.picture("after")
+        leftovers = [path.name for path in self.recording.parent.iterdir() if path != self.recording]
+        if leftovers:
+            raise ServiceError(f"beside the recording lie {leftovers}")
+
+    def end(self):
+        started = [process.pid for process in self.sandbox.processes]
+        self.close()
+        alive = [pid for pid in started if Path(f"/proc/{pid}").exists()]
+        if alive:
+            raise ServiceError(f"still running: {alive}")
+
+    def close(self):
+        self.sandbox.close()
+
+    # Helpers
+
+    def spoken_seconds(self, name):
+        return float(subprocess.run(["soxi", "-D", self.output / f"{name}.wav"], check=True, capture_output=True,
+                                    text=True).stdout)
+
+    def picture(self, name):
+        self.pictures += 1
+        self.display.screenshot(self.output / f"{self.pictures:02}-{name}.png")
+
+
+def parse():
+    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    parser.add_argument("--build", type=Path, required=True)
+    parser.add_argument("--output", type=Path, required=True)
+    parser.add_argument("--sound", choices=("pulseaudio", "pipewire"), default="pulseaudio")
+    parser.add_argument("--back-end", choices=("script", "bridge"), default="script")
+    return parser.parse_args()
+
+
+def main():
+    options = parse()
+    shutil.rmtree(options.output, ignore_errors=True)
+    options.output.mkdir(parents=True)
+    # The fixtures find what was built, and the installer command, by these.
+    os.environ["KEST_BUILD_DIR"] = str(options.build.resolve())
+    os.environ["KEST_SOURCE_DIR"] = str(here.parent.parent)
+    with Sandbox() as sandbox:
+        job = MainJob(sandbox, options.build.resolve(), options.output.resolve(), options.sound, options.back_end)
+        try:
+            job.run()
+        except Exception as error:
+            print(f"\nIt did not work: {error}\n", file=sys.stderr)
+            traceback.print_exc()
+            with contextlib.suppress(Exception):  # the display may be what failed
+                job.picture("where-it-stopped")
+            if sandbox.logs.exists():
+                shutil.copytree(sandbox.logs, job.output / "logs", dirs_exist_ok=True)
+            print(f"\nPictures and logs so far: {job.output}", file=sys.stderr)
+            return 1
+        finally:
+            job.close()
+    print(f"""
+It works.
+  Pictures:   {job.output}/*.png
+  Recording:  {job.output / job.recording.name}
+  The mail:   {job.output / 'arrived.eml'}""")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
