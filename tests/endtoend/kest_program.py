@@ -36,7 +36,7 @@ class KestProgram:
 
     def write_setting(self, key, value):
         """Before the start: what the person chose earlier."""
-        path = Path(self.sandbox.env["XDG_CONFIG_HOME"]) / "kest" / "kest.conf"
+        path = Path(self.sandbox.env["XDG_CONFIG_HOME"]) / "kest" / "settings.ini"
         path.parent.mkdir(parents=True, exist_ok=True)
         settings = configparser.ConfigParser()
         settings.optionxform = str

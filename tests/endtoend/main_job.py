@@ -91,6 +91,7 @@ class MainJob:
 
     def start_desktop(self):
         SessionBus(self.sandbox)
+        self.sandbox.start("calls", ["dbus-monitor", "--session", "interface=org.kest.Mail1.Application"])
         self.display = Display(self.sandbox, "1400x860")
         AccessibilityBus(self.sandbox)
         self.sound = SoundServer(self.sandbox, self.sound_kind)
@@ -163,6 +164,9 @@ class MainJob:
         arrived = sorted(self.mail_server.outbox.glob("*.eml"))
         if len(arrived) != 1:
             raise ServiceError(f"{len(arrived)} mails arrived")
+        in_one_call = "member=NewMessage" in self.sandbox.log("calls")
+        if in_one_call != (self.back_end == "script"):
+            raise ServiceError("the mail was not made through the back end that was asked for")
         mail = ArrivedMail(shutil.copy2(arrived[0], self.output / "arrived.eml"))
         if not mail.subject.startswith("A voice email from"):
             raise ServiceError(f"the subject is “{mail.subject}”")
