@@ -69,6 +69,10 @@ void MainWindowController::connectNotices()
     connect(&mail, &MailTransport::handOverProgressed, this, [this](qint64 done, qint64 total) {
         m_notices.tell(NoticePlace::Subject::Progress, wordsForHandOver(done, total));
     });
+    // The alert of the account check cannot say why no account was found.
+    connect(&mail, &MailTransport::mailApplicationUnreachable, this, [this](const Error &error) {
+        m_notices.tell(NoticePlace::Subject::Mail, tr("The mail application cannot be reached"), error.description);
+    });
     connect(&mail, &MailTransport::mailApplicationAppeared, m_details.get(), &DetailPanel::showMailApplication);
     connect(&mail, &MailTransport::mailApplicationVanished, m_details.get(),
             [this] { m_details->showMailApplication({}); });
@@ -90,6 +94,8 @@ void MainWindowController::showAccount()
 void MainWindowController::mailBusyChanged()
 {
     const bool busy = m_dependencies.mailTransport.isBusy();
+    if (busy)
+        m_notices.withdraw(NoticePlace::Subject::Mail);
     m_notices.tell(NoticePlace::Subject::Progress, busy ? tr("Waiting for the mail application…") : QString());
     updateBusy();
 }

@@ -7,8 +7,8 @@ namespace kest {
 namespace {
 
 constexpr std::array mostUrgentFirst{NoticePlace::Subject::Progress, NoticePlace::Subject::Recording,
-                                     NoticePlace::Subject::Settings, NoticePlace::Subject::Hint,
-                                     NoticePlace::Subject::Status};
+                                     NoticePlace::Subject::Mail, NoticePlace::Subject::Settings,
+                                     NoticePlace::Subject::Hint, NoticePlace::Subject::Status};
 
 } // namespace
 

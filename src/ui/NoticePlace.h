@@ -22,6 +22,7 @@ public:
         Status,    ///< What the window is doing anyway.
         Hint,      ///< An answer to a command; goes away after a while.
         Settings,  ///< The settings could not be kept.
+        Mail,      ///< The mail application cannot be reached at all.
         Recording, ///< The recording ended, or never began.
         Progress,  ///< Something is being waited for.
     };
