@@ -18,7 +18,7 @@ export function outgoingPath(id) {
 export function idFromPath(path, kind) {
   const match = new RegExp(`^${ROOT}/${kind}/(\\d{1,15})$`).exec(path);
   if (!match) {
-    throw new MailError("NoSuchObject", `There is no ${kind === "message" ? "message" : "outgoing message"} “${path}”.`);
+    throw new MailError("NoSuchObject", `There is no message “${path}”.`);
   }
   return Number(match[1]);
 }

@@ -47,7 +47,10 @@ export function unflow(text) {
   return lines.join("\n");
 }
 
-/** The place of the signature in a plain text as {start, end}, or null: its last appearance, however its lines are broken. */
+/**
+ * The place of the signature in a plain text as {start, end}, or null: its last
+ * appearance, however its lines are broken.
+ */
 function placeOfSignature(text, signature) {
   const words = signature.split(/\s+/).filter(Boolean).map(word => word.replace(/[^\w\s]/g, "\\$&"));
   if (!words.length) {

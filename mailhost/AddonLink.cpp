@@ -23,7 +23,8 @@ AddonLink::AddonLink(NativeChannel &channel, QObject *parent)
 {
     connect(&channel, &NativeChannel::received, this, &AddonLink::received);
     connect(&channel, &NativeChannel::closed, this, &AddonLink::closed);
-    m_channel.send({{u"hello"_s, QJsonObject {{u"protocol"_s, protocol}, {u"version"_s, QStringLiteral(KEST_VERSION)}}}});
+    const QJsonObject hello {{u"protocol"_s, protocol}, {u"version"_s, QStringLiteral(KEST_VERSION)}};
+    m_channel.send({{u"hello"_s, hello}});
 }
 
 AddonLink::~AddonLink() = default;
@@ -74,8 +75,9 @@ void AddonLink::startHandOver()
     // Queued: the hand-over must not be destroyed while it emits.
     connect(handOver, &FileHandOver::finished, this, [this, serial] { handOverEnded(serial, {}); },
             Qt::QueuedConnection);
-    connect(handOver, &FileHandOver::failed, this, [this, serial](const QString &words) { handOverEnded(serial, words); },
-            Qt::QueuedConnection);
+    connect(
+        handOver, &FileHandOver::failed, this, [this, serial](const QString &words) { handOverEnded(serial, words); },
+        Qt::QueuedConnection);
     handOver->start();
 }
 

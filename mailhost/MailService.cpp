@@ -122,7 +122,8 @@ QVariant MailService::ownProperty(const QString &name) const
     return {};
 }
 
-void MailService::pass(const QDBusMessage &message, const Request &request, const ContractMember &member, bool asVariant)
+void MailService::pass(const QDBusMessage &message, const Request &request, const ContractMember &member,
+                       bool asVariant)
 {
     if (const QString words = m_addon.mismatch(); !words.isEmpty()) {
         fail(message, u"Mismatch"_s, words);
@@ -146,7 +147,8 @@ void MailService::pass(const QDBusMessage &message, const Request &request, cons
                     });
 }
 
-void MailService::reply(const QDBusMessage &message, const AddonAnswer &answer, const QString &signature, bool asVariant)
+void MailService::reply(const QDBusMessage &message, const AddonAnswer &answer, const QString &signature,
+                        bool asVariant)
 {
     if (!answer.errorName.isEmpty()) {
         fail(message, answer.errorName, answer.errorWords);

@@ -23,7 +23,8 @@ def parts_nearby():
         return _checked(HERE / "kest-thunderbird.xpi", HERE.parents[2] / "libexec" / "kest" / "kest-mail-host")
     builds = [path.parent for path in HERE.parent.glob("build/*/kest-thunderbird.xpi")]
     if not builds:
-        raise ProfileError("neither the add-on nor the mail host is built; build Kest first, or name the folder by --build")
+        raise ProfileError("neither the add-on nor the mail host is built; build Kest first, "
+                           "or name the folder by --build")
     return parts_of(max(builds, key=lambda build: (build / "kest-thunderbird.xpi").stat().st_mtime))
 
 
@@ -85,13 +86,13 @@ class Installation:
 
 
 def _protect_firefox():
-    """Thunderbird looks for hosts in ~/.mozilla alone; a Firefox that keeps its profiles elsewhere would take that folder's
-    mere existence for a sign that they are there."""
+    """Thunderbird looks for hosts in ~/.mozilla alone; a Firefox that keeps its profiles elsewhere would take that
+    folder's mere existence for a sign that they are there."""
     legacy = Path.home() / ".mozilla"
     modern = Path(os.environ.get("XDG_CONFIG_HOME") or Path.home() / ".config") / "mozilla"
     if not legacy.exists() and (modern / "firefox").exists():
-        raise ProfileError(f"Firefox keeps its profiles in {modern} and would not find them any more if there were a folder "
-                           f"{legacy}; make {legacy} a link to {modern}, then try again")
+        raise ProfileError(f"Firefox keeps its profiles in {modern} and would not find them any more if there were "
+                           f"a folder {legacy}; make {legacy} a link to {modern}, then try again")
 
 
 def _manifest_for(host):

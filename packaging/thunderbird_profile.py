@@ -39,7 +39,8 @@ def _default_path(root):
             if name == "installs.ini" or section.startswith("Install"):
                 if ini.has_option(section, "Default"):
                     return root / ini.get(section, "Default")
-    profiles = [section for section in ini.sections() if section.startswith("Profile") and ini.has_option(section, "Path")]
+    profiles = [section for section in ini.sections()
+                if section.startswith("Profile") and ini.has_option(section, "Path")]
     chosen = next((section for section in profiles if ini.get(section, "Default", fallback="0") == "1"),
                   profiles[0] if len(profiles) == 1 else None)
     return root / ini.get(chosen, "Path") if chosen else None

@@ -7,7 +7,8 @@ import { defaultIdentity, identityForAnswer, identityOfSender, listAccounts } fr
 
 const HOME = { id: "a1", name: "Home", type: "imap", identities: [
   { id: "i1", name: "Anna", email: "anna@home.test" }, { id: "i2", name: "Anna", email: "lark@home.test" }] };
-const WORK = { id: "a2", name: "Work", type: "imap", identities: [{ id: "i3", name: "A. Lark", email: "al@work.test" }] };
+const WORK = { id: "a2", name: "Work", type: "imap", identities: [
+  { id: "i3", name: "A. Lark", email: "al@work.test" }] };
 const LOCAL = { id: "a3", name: "Local Folders", type: "none", identities: [] };
 const NEWS = { id: "a4", name: "News", type: "nntp", identities: [{ id: "i4", name: "A", email: "a@news.test" }] };
 

@@ -11,7 +11,8 @@ const XML = readFileSync(new URL("../../resources/org.kest.Mail1.xml", import.me
 const HOSTS_OWN = ["ProtocolVersion", "Version", "Features", "Name", "ApplicationVersion"];
 
 function contract() {
-  return [...XML.matchAll(/<interface name="org\.kest\.Mail1\.(\w+)">([\s\S]*?)<\/interface>/g)].map(([, name, body]) => ({
+  const interfaces = XML.matchAll(/<interface name="org\.kest\.Mail1\.(\w+)">([\s\S]*?)<\/interface>/g);
+  return [...interfaces].map(([, name, body]) => ({
     name,
     methods: [...body.matchAll(/<method name="(\w+)"/g)].map(match => match[1]),
     properties: [...body.matchAll(/<property name="(\w+)" type="[^"]*" access="(\w+)"/g)].map(match => match.slice(1)),
@@ -30,9 +31,9 @@ test("every member of the contract is carried out, and none beside it", () => {
 });
 
 test("a member that is unknown fails in words", async () => {
-  for (const call of [{ interface: "Application", kind: "call", member: "Explode" },
-    { interface: "Nothing", kind: "get", member: "Subject" }, { interface: "Message", kind: "set", member: "Subject" }]) {
-    await assert.rejects(carryOut(call), { name: "Unsupported" });
+  for (const [interfaceName, kind, member] of [
+    ["Application", "call", "Explode"], ["Nothing", "get", "Subject"], ["Message", "set", "Subject"]]) {
+    await assert.rejects(carryOut({ interface: interfaceName, kind, member }), { name: "Unsupported" });
   }
 });
 
@@ -41,7 +42,8 @@ test("a hidden message is made, read, written and deleted without Thunderbird", 
   const made = await carryOut({
     interface: "Application", kind: "call", member: "MakeOutgoingMessage", path: "/org/kest/Mail1",
     arguments: { subject: "S", content: "C" } });
-  const to = (kind, member, values) => carryOut({ interface: "OutgoingMessage", kind, member, path: made, arguments: values });
+  const to = (kind, member, values) =>
+    carryOut({ interface: "OutgoingMessage", kind, member, path: made, arguments: values });
   await to("set", "Content", "Other");
   await to("call", "AddRecipient", { kind: "cc", name: "N", address: "a@b.test" });
   assert.equal(await to("get", "Content"), "Other");

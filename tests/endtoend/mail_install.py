@@ -32,11 +32,16 @@ class Command(unittest.TestCase):
         return folder
 
     def run_command(self, *arguments):
-        done = subprocess.run([str(COMMAND), *arguments], env=self.sandbox.env, capture_output=True, text=True, timeout=20)
+        done = subprocess.run([str(COMMAND), *arguments], env=self.sandbox.env, capture_output=True, text=True,
+                              timeout=20)
         return done.returncode, done.stdout + done.stderr
 
     def files(self):
-        return sorted(str(path.relative_to(self.sandbox.home)) for path in self.sandbox.home.rglob("*") if path.is_file())
+        home = self.sandbox.home
+        return sorted(str(path.relative_to(home)) for path in home.rglob("*") if path.is_file())
+
+    def manifest(self):
+        return json.loads((self.sandbox.home / ".mozilla/native-messaging-hosts/org.kest.mailhost.json").read_text())
 
     def test_install_and_remove_leave_the_home_as_it_was(self):
         profile = self.profile()
@@ -46,7 +51,7 @@ class Command(unittest.TestCase):
         before = self.files()
         self.assertEqual(self.run_command("install", "--build", BUILD)[0], 0)
         self.assertTrue((profile / "extensions" / f"{ADDON}.xpi").exists())
-        manifest = json.loads((self.sandbox.home / ".mozilla/native-messaging-hosts/org.kest.mailhost.json").read_text())
+        manifest = self.manifest()
         self.assertEqual((manifest["path"], manifest["allowed_extensions"]), (f"{BUILD}/bin/kest-mail-host", [ADDON]))
         self.assertIn("autoDisableScopes", (profile / "user.js").read_text())
         self.assertEqual(self.run_command("install", "--build", BUILD)[0], 0)
@@ -111,10 +116,10 @@ class Command(unittest.TestCase):
         prefix = self.sandbox.root / "usr"
         subprocess.run(["cmake", "--install", BUILD, "--prefix", str(prefix), "--component", "thunderbird"],
                        capture_output=True, check=True)
-        done = subprocess.run([str(prefix / "share/kest/thunderbird/thunderbird-addon"), "install"], env=self.sandbox.env,
-                              capture_output=True, text=True, timeout=20)
+        done = subprocess.run([str(prefix / "share/kest/thunderbird/thunderbird-addon"), "install"],
+                              env=self.sandbox.env, capture_output=True, text=True, timeout=20)
         self.assertEqual(done.returncode, 0, done.stderr)
-        manifest = json.loads((self.sandbox.home / ".mozilla/native-messaging-hosts/org.kest.mailhost.json").read_text())
+        manifest = self.manifest()
         self.assertEqual(manifest["path"], str(prefix / "libexec/kest/kest-mail-host"))
 
     def test_no_profile_is_said_in_words(self):

@@ -15,9 +15,10 @@ class Replies(MailCase):
     @classmethod
     def prepare_mail(cls):
         cls.mail.put("anna", message(BEN, "anna@example.test", "1 to me", "First question\nBen"))
-        cls.mail.put("anna", message(BEN, '"Work, Anna" <WORK@example.test>, carl@example.test', "2 to my other self", "Hi",
-                                     Cc="Anna <anna@example.test>, Dora <dora@example.test>"))
-        cls.mail.put("anna", message(BEN, "club@example.test", "3 with reply-to", "Ho", Reply_To="List <list@example.test>"))
+        cls.mail.put("anna", message(BEN, '"Work, Anna" <WORK@example.test>, carl@example.test', "2 to my other self",
+                                     "Hi", Cc="Anna <anna@example.test>, Dora <dora@example.test>"))
+        cls.mail.put("anna", message(BEN, "club@example.test", "3 with reply-to", "Ho",
+                                     Reply_To="List <list@example.test>"))
         cls.mail.put("anna", message(BEN, "anna@example.test", "4 to delete", "Away"))
         cls.mail.put("anna", message(BEN, "anna@example.test", "5 to keep", "Stay"))
 
@@ -35,6 +36,9 @@ class Replies(MailCase):
 
     def addresses(self, path, kind):
         return [str(address) for _name, address in self.bus.get(path, f"{kind}Recipients")]
+
+    def is_in_trash(self):
+        return any(b"4 to delete" in path.read_bytes() for path in self.mail.files("anna", "Trash"))
 
     # Selection
 
@@ -132,7 +136,7 @@ class Replies(MailCase):
     def test_a_sent_reply_deletes_the_original_when_asked(self):
         self.bus.reply(self.inbox["4"], "Read and gone", send=True, delete=True)
         self.assertEqual(len(self.mail.sent()), 1)
-        wait_until(lambda: any(b"4 to delete" in path.read_bytes() for path in self.mail.files("anna", "Trash")), "the message in the trash", 20)
+        wait_until(self.is_in_trash, "the message in the trash", 20)
         self.assertFails("NoSuchObject", self.bus.get, self.inbox["4"], "Subject")
 
     def test_a_reply_that_the_server_refuses_keeps_the_original_and_its_window(self):

@@ -45,7 +45,10 @@ public:
 
     static QByteArray framed(const QByteArray &json) { return length(static_cast<quint32>(json.size())) + json; }
 
-    bool send(const QJsonObject &message) { return write(framed(QJsonDocument(message).toJson(QJsonDocument::Compact))); }
+    bool send(const QJsonObject &message)
+    {
+        return write(framed(QJsonDocument(message).toJson(QJsonDocument::Compact)));
+    }
 
     void closeWriting()
     {

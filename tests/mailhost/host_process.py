@@ -125,8 +125,8 @@ class HostProcess(unittest.TestCase):
 
     def test_all_properties_of_the_application_can_be_read_at_once(self):
         self.start()
-        told = self.bus.connection.call_blocking(NAME, "/org/kest/Mail1", "org.freedesktop.DBus.Properties", "GetAll", "s",
-                                                 ("org.kest.Mail1.Application",))
+        told = self.bus.connection.call_blocking(NAME, "/org/kest/Mail1", "org.freedesktop.DBus.Properties", "GetAll",
+                                                 "s", ("org.kest.Mail1.Application",))
         self.assertEqual((told["ProtocolVersion"], told["Version"], told["Name"], told["ApplicationVersion"]),
                          (1, VERSION, "Thunderbird", "153.7.0"))
 

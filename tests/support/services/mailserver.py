@@ -128,7 +128,7 @@ class MailServer:
         self.smtp.start()
 
     def put(self, user, message, folder=""):
-        """Delivers a message (EmailMessage or bytes) into a mailbox of the user; Thunderbird sees it at its next look."""
+        """Delivers a message (EmailMessage or bytes) into a mailbox; Thunderbird sees it at its next look."""
         box = self.folder / "mail" / user / (f".{folder}" if folder else "")
         data = message if isinstance(message, bytes) else message.as_bytes(policy=email.policy.SMTP)
         new = box / "new"

@@ -34,7 +34,8 @@ QUIET = {
     "toolkit.telemetry.server": "", "messenger.options.getAttentionOnNewMail": False,
     "mail.biff.show_alert": False, "mail.biff.play_sound": False, "mail.compose.autosave": False,
     "mail.warn_on_send_accel_key": False, "mailnews.auto_config.guess.enabled": False,
-    "media.hardware-video-decoding.enabled": False, "gfx.webrender.software": True, "layers.acceleration.disabled": True,
+    "media.hardware-video-decoding.enabled": False, "gfx.webrender.software": True,
+    "layers.acceleration.disabled": True,
 }
 
 _ENCRYPT = """
@@ -99,8 +100,8 @@ class Thunderbird:
         prefs = {"mail.smtpservers": "smtp1", "mail.smtp.defaultserver": "smtp1",
                  "mail.accountmanager.defaultaccount": "account1", "mail.accountmanager.localfoldersserver": "server2",
                  "mail.account.account2.server": "server2", "mail.account.lastKey": 3}
-        prefs |= _branch("mail.smtpserver.smtp1", type="smtp", hostname="127.0.0.1", port=self.mail.smtp_port, authMethod=1,
-                         try_ssl=0, description="loopback")
+        prefs |= _branch("mail.smtpserver.smtp1", type="smtp", hostname="127.0.0.1", port=self.mail.smtp_port,
+                         authMethod=1, try_ssl=0, description="loopback")
         prefs |= _branch("mail.server.server2", type="none", hostname="Local Folders", userName="nobody",
                          name="Local Folders")
         prefs |= self._account(1, "anna", "Anna's mail", ["id1", "id2"])
@@ -213,8 +214,8 @@ class Thunderbird:
         return [word for word in done.stdout.split() if self._is_mine(word)]
 
     def _is_mine(self, window):
-        done = subprocess.run(["xprop", "-id", window, "WM_CLASS"], env=self.sandbox.env, capture_output=True, text=True,
-                              timeout=10)
+        done = subprocess.run(["xprop", "-id", window, "WM_CLASS"], env=self.sandbox.env, capture_output=True,
+                              text=True, timeout=10)
         return "thunderbird" in done.stdout
 
     def wait_window(self, title, seconds=15):
@@ -237,7 +238,7 @@ class Thunderbird:
         """
         window = self.wait_window("Inbox - ", 30)
         self.raise_window("Inbox - ")
-        wait_until(lambda: self._click_first(window, bus), "the first message of the inbox to be selected", 30, every=0.1)
+        wait_until(lambda: self._click_first(window, bus), "the inbox's first message to be selected", 30, every=0.1)
         wait_until(lambda: self.select_all(bus) >= messages, f"{messages} messages in the inbox", 30, every=0.1)
         self.select_first(bus)
 
