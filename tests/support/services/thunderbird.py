@@ -14,6 +14,7 @@ from .base import ServiceError, wait_until
 from .mailserver import MailServer
 
 PROGRAM = Path("/usr/lib/thunderbird")
+INSTALLATION = "FDC34C9F024745EB"  # how Thunderbird names an installation in PROGRAM, so that it takes our profile
 BUS_NAME = "org.kest.Mail1.Thunderbird"
 
 QUIET = {
@@ -87,7 +88,8 @@ class Thunderbird:
         self.profile.mkdir(parents=True)
         (self.profile.parent / "profiles.ini").write_text(
             "[General]\nStartWithLastProfile=1\nVersion=2\n\n"
-            "[Profile0]\nName=kest\nIsRelative=1\nPath=kest.test\nDefault=1\n")
+            "[Profile0]\nName=kest\nIsRelative=1\nPath=kest.test\nDefault=1\n\n"
+            f"[Install{INSTALLATION}]\nDefault=kest.test\nLocked=1\n")
         prefs = {**QUIET, **self._account_prefs(), **self.prefs}
         (self.profile / "user.js").write_text(
             "".join(f"user_pref({json.dumps(name)}, {json.dumps(value)});\n" for name, value in prefs.items()))

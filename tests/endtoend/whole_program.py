@@ -1,0 +1,151 @@
+#!/usr/bin/python3
+"""The running program when things go wrong round it: the microphone, the sound server, the mail application, itself."""
+
+import os
+import subprocess
+import sys
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+
+from kest_program import KestProgram  # noqa: E402
+from services.base import Sandbox, wait_until  # noqa: E402
+from services.bus import AccessibilityBus, SessionBus  # noqa: E402
+from services.display import Display  # noqa: E402
+from services.mail_content import ArrivedMail  # noqa: E402
+from services.mailserver import MailServer  # noqa: E402
+from services.microphone import Microphone  # noqa: E402
+from services.operator import Operator  # noqa: E402
+from services.sound import SoundServer  # noqa: E402
+from services.thunderbird import Thunderbird  # noqa: E402
+
+BUILD = Path(os.environ["KEST_BUILD_DIR"])
+SECOND_OF_SILENCE = bytes(2 * 44100)
+
+
+def seconds_of(path):
+    """What an independent tool says that the file lasts; raises where it cannot be played."""
+    subprocess.run(["ffmpeg", "-v", "error", "-xerror", "-i", path, "-f", "null", "-"], check=True)
+    return float(subprocess.run(["ffprobe", "-v", "error", "-show_entries", "format=duration", "-of", "csv=p=0", path],
+                                check=True, capture_output=True, text=True).stdout)
+
+
+class WholeProgram(unittest.TestCase):
+    """One desktop for all; Kest and its folders are new for each test."""
+
+    @classmethod
+    def setUpClass(cls):
+        cls.sandbox = Sandbox()
+        cls.addClassCleanup(cls.sandbox.close)
+        SessionBus(cls.sandbox)
+        cls.display = Display(cls.sandbox)
+        AccessibilityBus(cls.sandbox)
+        cls.sound = SoundServer(cls.sandbox, "pulseaudio")
+        cls.addClassCleanup(cls.sound.close)
+        cls.mail_server = MailServer(cls.sandbox)
+        cls.thunderbird = Thunderbird(cls.sandbox, cls.mail_server, second_account=True)
+        cls.addClassCleanup(cls.thunderbird.stop)
+        cls.person = Operator(cls.sandbox)
+
+    def setUp(self):
+        self.kest = KestProgram(self.sandbox, self.person, BUILD)
+        self.sandbox.run(["rm", "-rf", self.kest.recordings_folder, Path(self.sandbox.env["XDG_CONFIG_HOME"]) / "kest"])
+        self.addCleanup(lambda: self.sandbox.stop(self.kest.process))
+
+    def record(self, seconds=1):
+        self.kest.click("Record")
+        self.kest.control("Pause")
+        self.sound.microphone.play_samples(SECOND_OF_SILENCE * seconds)
+
+    def finished_recording(self):
+        def finished():
+            path = self.kest.only_recording()
+            return path if path and b"moof" not in path.read_bytes() else None
+        return wait_until(finished, "the finished recording")
+
+    # The program itself
+
+    def test_a_killed_program_finishes_its_recording_at_the_next_start(self):
+        self.kest.start()
+        self.record(3)
+        self.kest.kill()
+        kept = seconds_of(self.kest.only_recording())
+        self.assertGreater(kept, 2.7)
+        self.kest.start()
+        self.assertAlmostEqual(seconds_of(self.finished_recording()), kept, delta=0.03)
+        self.assertEqual(len(list(self.kest.recordings_folder.iterdir())), 1)
+
+    def test_closing_the_window_while_recording_keeps_the_recording(self):
+        self.kest.start()
+        self.record(2)
+        self.kest.quit()
+        self.assertGreater(seconds_of(self.finished_recording()), 1.9)
+
+    def test_starting_it_again_does_not_open_a_second_window(self):
+        self.kest.start()
+        second = self.sandbox.start("second-kest", [BUILD / "bin" / "kest"])
+        self.assertEqual(second.wait(10), 0)
+        windows = self.sandbox.run(["xdotool", "search", "--onlyvisible", "--name", "^Kest$"]).split()
+        self.assertEqual(len(windows), 1)
+
+    # The microphone
+
+    def test_a_microphone_that_is_pulled_out_is_said_and_the_recording_kept(self):
+        extra = self.sound.add_source("usb_microphone", "USB Microphone")
+        hearing = Microphone(extra.fifo)
+        self.addCleanup(self.sound.set_default, "kest_microphone")
+        self.addCleanup(hearing.close)
+        self.sound.set_default(extra.name)
+        self.kest.start()
+        self.kest.click("Record")
+        wait_until(lambda: self.kest.time_text() == "00:02", "two seconds")
+        self.sound.remove_source(extra.name)
+        self.kest.wait_for_notice("microphone", seconds=2)
+        self.assertGreater(seconds_of(self.finished_recording()), 1.0)
+
+    def test_no_sound_server_at_record_is_said_in_words(self):
+        self.sandbox.env["PULSE_SERVER"], there = f"unix:{self.sandbox.root}/nowhere", self.sandbox.env["PULSE_SERVER"]
+        self.addCleanup(self.sandbox.env.__setitem__, "PULSE_SERVER", there)
+        self.kest.start()
+        self.kest.click("Record")
+        self.kest.wait_for_notice("sound", seconds=2)
+        wait_until(lambda: not self.kest.recordings(), "no broken file to stay")
+        self.kest.quit()
+
+    # The mail application
+
+    def test_thunderbird_is_started_by_the_first_call_and_used_again_after_it_died(self):
+        self.kest.write_setting("emailAccountToUse", '"Club"')
+        self.kest.start()
+        self.record()
+        self.kest.click("New Message")
+        first = self.thunderbird.wait_window("Write: A voice email", 60)
+        self.kest.wait_until_idle(60)
+        pid = int(self.sandbox.run(["xdotool", "getwindowpid", first]))
+        self.addCleanup(lambda: Path(f"/proc/{pid}").exists() and os.kill(pid, 15))
+        os.kill(pid, 9)
+        self.thunderbird.wait_off_bus()
+        self.record()
+        self.thunderbird.start()
+        self.kest.click("New Message")
+        window = self.thunderbird.wait_window("Write: A voice email", 30)
+        self.kest.wait_until_idle()
+        self.send_to(window, "friend@example.test")
+        mail = ArrivedMail(sorted(self.mail_server.outbox.glob("*.eml"))[-1])
+        self.assertIn("club@example.test", str(mail.message["From"]))
+        self.assertEqual([name for name, _, _ in mail.attachments], [self.kest.recordings()[-1].name])
+
+    def send_to(self, window, address):
+        self.person.move_window(window, 0, 0)
+        program = self.person.application("Thunderbird")
+        self.person.move_window(self.person.window("^Kest$"), 700, 500)
+        self.person.click(self.person.find(program, "To", "entry"))
+        self.person.type_into(window, address)
+        self.person.key("Tab", window)
+        self.thunderbird.send_from_window("Write: A voice email")
+        self.mail_server.wait_sent()
+
+
+if __name__ == "__main__":
+    unittest.main()
