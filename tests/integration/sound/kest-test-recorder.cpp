@@ -17,6 +17,8 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     const PulseSound sound = makePulseSound();
     sound.recorderFactory->finishInterruptedRecordings({}, 5000);
+    sound.recorderFactory->preload(); // as the program does at idle
+    sound.recorderFactory->waitForFinished(10'000);
     const auto recorder = sound.recorderFactory->create(FileURL::fromNativePath(argv[1]), RecorderBench::settings(), nullptr);
     if (!recorder || !recorder->prepareToRecord() || !recorder->record())
         return 1;
