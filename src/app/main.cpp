@@ -3,9 +3,11 @@
 #include "app/UserDefaults.h"
 #include "mail/ASMail.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "platform/linux/desktop/ColorSchemeWatch.h"
 #include "platform/linux/desktop/SingleInstance.h"
 #include "platform/linux/desktop/TerminationSignals.h"
 #include "ui/Alert.h"
+#include "ui/Appearance.h"
 #include "ui/MainWindowController.h"
 
 #include <QStandardPaths>
@@ -37,11 +39,22 @@ bool handedOver(SingleInstance &instance, int argc, char **argv)
     return instance.handOver(handOverLimit);
 }
 
+/// Light at first; the desktop's answer does not keep the window waiting.
+void followColorScheme(ColorSchemeWatch &watch)
+{
+    applyColorScheme(ColorScheme::NoPreference);
+    QObject::connect(&watch, &ColorSchemeWatch::colorSchemeRead, qApp, [](uint scheme) {
+        applyColorScheme(scheme == 1 ? ColorScheme::Dark : ColorScheme::Light);
+    });
+}
+
 int run(Application &application, SingleInstance &instance)
 {
     Platform platform = makeLinuxPlatform();
     UserDefaults defaults(settingsPath());
     Alert alerts;
+    ColorSchemeWatch colors;
+    followColorScheme(colors);
     {
         AppDelegate delegate(platform, defaults, alerts);
         if (!AppDelegate::initialize(platform, defaults))

@@ -44,6 +44,7 @@ DetailPanel::DetailPanel(Ui::MainWindow &ui, QObject *parent)
 void DetailPanel::showFile(const FileURL &file, const QString &facts, bool playable)
 {
     m_recording = file;
+    m_ui.recordingCardHeading->setText(tr("Last recording"));
     m_ui.recordingNameField->setText(file.isEmpty() ? tr("None yet") : file.lastPathComponent());
     m_ui.recordingNameField->setToolTip(file.displayPath());
     m_ui.recordingFactsField->setText(facts);
@@ -55,6 +56,7 @@ void DetailPanel::showFile(const FileURL &file, const QString &facts, bool playa
 void DetailPanel::showRecordingUnderWay(const FileURL &file)
 {
     showFile(file, tr("Being recorded"), false);
+    m_ui.recordingCardHeading->setText(tr("This recording"));
 }
 
 void DetailPanel::showRecording(const FileURL &file, std::optional<double> seconds)

@@ -99,7 +99,7 @@ void MainWindowController::windowDidLoad()
     setRecordingExists(false);
     setRecordingTime(localizedString(noTime));
     m_mailController = std::make_unique<MailController>(m_dependencies.mailTransport, m_dependencies.alertPresenter);
-    applyTextColorRule();
+    applyColors();
 }
 
 void MainWindowController::applyTextColorRule()
@@ -198,6 +198,8 @@ bool MainWindowController::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_window.get() && event->type() == QEvent::Close)
         windowWillClose();
+    else if (watched == m_window.get() && event->type() == QEvent::PaletteChange)
+        applyColors();
     return QObject::eventFilter(watched, event);
 }
 

@@ -209,6 +209,7 @@ private:
 
     void loadWindow();
     void applyFonts();
+    void applyColors();
     void awakeFromNib();
     void windowDidLoad();
     void applyTextColorRule();

@@ -52,11 +52,19 @@ void MainWindowController::applyFonts()
                                                            m_ui->mailAccountField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         small->setFont(sized(base, smallTextPixels, QFont::Normal));
+    m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
+}
+
+/// For the start, and for every change of the desktop's colours.
+void MainWindowController::applyColors()
+{
     for (QWidget *quiet : std::initializer_list<QWidget *>{m_ui->inputNameField, m_ui->recordingFactsField,
                                                            m_ui->recordingFolderField, m_ui->mailAccountField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         quiet->setPalette(subdued(m_window->palette()));
-    m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
+    timeField()->setPalette(m_window->palette());
+    applyTextColorRule();
+    showNotice();
 }
 
 void MainWindowController::connectNotices()

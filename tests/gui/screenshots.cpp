@@ -4,9 +4,9 @@
 //
 // One picture per state, at the scale that QT_SCALE_FACTOR asks for.
 
-#include "audio/KestLevelsView.h"
+#include "app/SettingsTable.h"
 #include "gui/WindowHouse.h"
-#include "ui/Wording.h"
+#include "ui/Appearance.h"
 #include "ui/controls/ReadoutField.h"
 
 #include <QDir>
@@ -35,6 +35,19 @@ struct Studio {
         house.recorders.last()->setCurrentTime(47.0);
         house.recorders.last()->setAveragePower(0, -21.0F);
         house.controller->audioRecordingUpdateTimeWithTimer();
+    }
+
+    /// The one for the front page: recording, with all that the window tells.
+    void takePortrait()
+    {
+        house.delegate.recordings = FileURL::fromPath(QDir::homePath() + QStringLiteral("/Music/Kest"));
+        QDir().mkpath(house.delegate.recordings->path());
+        house.settings->setBool(true, SettingsKeys::bWindowExpanded);
+        house.openAndShow();
+        house.controller->inputNameField()->setText(QStringLiteral("BM"));
+        Q_EMIT house.mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
+        record();
+        take(QStringLiteral("portrait"));
     }
 
     void takeAll()
@@ -69,8 +82,8 @@ int main(int argc, char **argv)
     studio.folder.mkpath(QStringLiteral("."));
     const bool dark = argc > 2 && qstrcmp(argv[2], "dark") == 0;
     studio.suffix = dark ? QStringLiteral("-dark") : QString();
-    if (dark)
-        QApplication::setPalette(QPalette(QColor(0x2a, 0x2a, 0x2d), QColor(0x24, 0x24, 0x27)));
+    applyColorScheme(dark ? ColorScheme::Dark : ColorScheme::Light);
     studio.takeAll();
+    studio.takePortrait();
     return 0;
 }

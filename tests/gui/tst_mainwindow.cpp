@@ -1,5 +1,6 @@
 #include "app/SettingsTable.h"
 #include "gui/WindowHouse.h"
+#include "ui/Appearance.h"
 #include "ui/controls/ControlButton.h"
 #include "ui/controls/PullDownButton.h"
 #include "ui/controls/ReadoutField.h"
@@ -221,6 +222,19 @@ private Q_SLOTS:
                          && qRound(color.alphaF() * 100.0F) == 80,
                      light);
         }
+    }
+
+    void newColoursOfTheDesktopReachEveryText()
+    {
+        m_house->open();
+        const QPalette before = QApplication::palette();
+        QApplication::setPalette(darkPalette());
+        QTRY_COMPARE(controller().timeField()->textColor(), darkPalette().color(QPalette::WindowText));
+        QVERIFY(controller().inputNameField()->textColor().lightness() > 128);
+        QVERIFY(window().findChild<QWidget *>(QStringLiteral("recordingCardHeading"))
+                    ->palette().color(QPalette::WindowText).lightness() > 128);
+        QApplication::setPalette(before);
+        QTRY_COMPARE(controller().timeField()->textColor(), before.color(QPalette::WindowText));
     }
 
     void closingAsksForTheEnd()

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int plainHeight = 32;
 constexpr int roundSize = 38;
-constexpr int ghostSize = 28;
+constexpr int ghostSize = 24;
 constexpr int sidePadding = 12;
 constexpr int glyphSize = 18;
 constexpr int iconGap = 7;

@@ -1,3 +1,4 @@
+#include "ui/Appearance.h"
 #include "ui/controls/ControlButton.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/MeterFrame.h"
@@ -110,6 +111,25 @@ private Q_SLOTS:
         button.click();
         QCOMPARE(shown.size(), 1);
         button.menu()->close();
+    }
+
+    void ownColoursFollowTheSchemeWhereNoThemeHasColoured()
+    {
+        applyColorScheme(ColorScheme::NoPreference);
+        QCOMPARE(QApplication::palette().color(QPalette::Window), lightPalette().color(QPalette::Window));
+        applyColorScheme(ColorScheme::Dark);
+        QCOMPARE(QApplication::palette().color(QPalette::Window), darkPalette().color(QPalette::Window));
+        applyColorScheme(ColorScheme::Light);
+        QCOMPARE(QApplication::palette().color(QPalette::Window), lightPalette().color(QPalette::Window));
+    }
+
+    void textStandsOutInBothSchemes()
+    {
+        for (const QPalette &palette : {lightPalette(), darkPalette()}) {
+            const int window = palette.color(QPalette::Window).lightness();
+            QVERIFY(qAbs(palette.color(QPalette::WindowText).lightness() - window) > 180);
+            QVERIFY(qAbs(palette.color(QPalette::Disabled, QPalette::WindowText).lightness() - window) > 50);
+        }
     }
 
     void theMeterHasRoundEnds()
