@@ -163,9 +163,11 @@ void MainWindowController::updateBusy()
         m_focusBeforeBusy = m_window->focusWidget();
     m_busy = busy;
     Q_EMIT busyChanged(busy);
-    // Disabled controls lost the focus to a neighbour.
-    if (!busy && m_focusBeforeBusy && m_focusBeforeBusy->isEnabled())
-        m_focusBeforeBusy->setFocus(Qt::OtherFocusReason);
+    if (busy || !m_focusBeforeBusy)
+        return;
+    // Disabled controls lost the focus to a neighbour. What has done its work leaves it to the next message.
+    QWidget *next = m_focusBeforeBusy->isEnabled() ? m_focusBeforeBusy.data() : m_ui->recordButton;
+    next->setFocus(Qt::OtherFocusReason);
 }
 
 void MainWindowController::mailReplyToSelectedMessages()

@@ -452,6 +452,16 @@ private Q_SLOTS:
         QVERIFY(button->hasFocus());
     }
 
+    void afterASentRecordingTheFocusIsOnRecord()
+    {
+        record();
+        QWidget *button = m_house->find(newMessage);
+        button->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(button, Qt::Key_Space);
+        QVERIFY(!button->isEnabled());
+        QVERIFY(m_house->find(QStringLiteral("Record"))->hasFocus());
+    }
+
     void repliesSayThatTheyComeLater()
     {
         record();
