@@ -4,6 +4,7 @@
 #include "ui/controls/ReadoutField.h"
 
 #include <QDir>
+#include <QFile>
 #include <QtTest>
 
 namespace kest::test {
@@ -88,6 +89,25 @@ void WindowHouse::click(const QString &accessibleName) const
 QString WindowHouse::notice() const
 {
     return find<ReadoutField>(QStringLiteral("Notice"))->text();
+}
+
+void WindowHouse::record() const
+{
+    click(QStringLiteral("Record"));
+    controller->audioRecordingUpdateTimeWithTimer();
+}
+
+void WindowHouse::writePrepared(const QString &name, const QByteArray &content) const
+{
+    QFile file(delegate.attachments->appendingPathComponent(name).path());
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(content);
+}
+
+void WindowHouse::choosePrepared(const QString &name) const
+{
+    controller->setAttachmentName(name);
+    controller->setCanReplyOrCompose(true);
 }
 
 } // namespace kest::test

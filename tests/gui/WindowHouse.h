@@ -59,6 +59,15 @@ struct WindowHouse {
     QString notice() const;
     FolderURL folder(const QString &name) const;
 
+    /// Begins a recording, with its time on show.
+    void record() const;
+
+    /// Writes a file into the folder of prepared messages.
+    void writePrepared(const QString &name, const QByteArray &content) const;
+
+    /// Puts the window as if this prepared message was chosen in its menu.
+    void choosePrepared(const QString &name) const;
+
     QTemporaryDir home;
     FakeClock clock;
     FakeProcessInfo processInfo;
