@@ -7,6 +7,7 @@
 
 #include <cmath>
 #include <numbers>
+#include <numeric>
 #include <thread>
 #include <vector>
 
@@ -67,6 +68,7 @@ private Q_SLOTS:
     void meterReadsSilence();
     void ringGivesBackWhatItWasGiven();
     void ringTakesNoMoreThanItHolds();
+    void fullRingLosesNothing();
     void ringServesTwoThreads();
     void microphoneIsTheDefaultSource();
     void fallbackMonitorIsNoMicrophone();
@@ -171,6 +173,20 @@ void CaptureTest::ringTakesNoMoreThanItHolds()
     float one = 0;
     QCOMPARE(ring.read(&one, 1), 1);
     QCOMPARE(ring.write(most.data(), 5), 1);
+}
+
+void CaptureTest::fullRingLosesNothing()
+{
+    SampleRing ring;
+    std::vector<float> given(size_t(SampleRing::capacity) + 1000);
+    std::iota(given.begin(), given.end(), 1.0F);
+    std::vector<float> taken(given.size());
+    QCOMPARE(ring.write(given.data(), SampleRing::capacity), SampleRing::capacity);
+    QCOMPARE(ring.read(taken.data(), 1000), 1000);
+    QCOMPARE(ring.write(given.data() + SampleRing::capacity, 1000), 1000);
+    for (size_t next = 1000; next < taken.size();)
+        next += size_t(ring.read(taken.data() + next, 4096));
+    QVERIFY(taken == given);
 }
 
 void CaptureTest::ringServesTwoThreads()

@@ -9,9 +9,8 @@ namespace kest {
 
 namespace {
 
-constexpr quint64 mask = quint64(SampleRing::capacity) - 1;
-constexpr std::size_t bytes = std::size_t(SampleRing::capacity) * sizeof(float);
-constexpr quint64 samplesGivenBackAtOnce = 64 * 1024; // whole pages on every architecture, 1.5 s
+constexpr quint64 mask = quint64(SampleRing::places) - 1;
+constexpr std::size_t bytes = std::size_t(SampleRing::places) * sizeof(float);
 
 } // namespace
 
@@ -36,7 +35,7 @@ qsizetype SampleRing::write(const float *samples, qsizetype count)
     const quint64 used = written - m_read.load(std::memory_order_acquire);
     const qsizetype taken = std::min(count, capacity - qsizetype(used));
     const qsizetype start = qsizetype(written & mask);
-    const qsizetype first = std::min(taken, capacity - start);
+    const qsizetype first = std::min(taken, places - start);
     std::memcpy(m_samples + start, samples, std::size_t(first) * sizeof(float));
     std::memcpy(m_samples, samples + first, std::size_t(taken - first) * sizeof(float));
     m_written.store(written + quint64(taken), std::memory_order_release);
@@ -51,7 +50,7 @@ qsizetype SampleRing::read(float *samples, qsizetype count)
     if (taken == 0)
         return 0;
     const qsizetype start = qsizetype(read & mask);
-    const qsizetype first = std::min(taken, capacity - start);
+    const qsizetype first = std::min(taken, places - start);
     std::memcpy(samples, m_samples + start, std::size_t(first) * sizeof(float));
     std::memcpy(samples + first, m_samples, std::size_t(taken - first) * sizeof(float));
     giveBack(m_givenBack, read + quint64(taken));
@@ -67,9 +66,9 @@ qsizetype SampleRing::available() const
 void SampleRing::giveBack(quint64 from, quint64 to)
 {
     // Before the read position is published: the writer cannot be there yet.
-    while (to - from >= samplesGivenBackAtOnce) {
-        madvise(m_samples + (from & mask), samplesGivenBackAtOnce * sizeof(float), MADV_DONTNEED);
-        from += samplesGivenBackAtOnce;
+    while (to - from >= quint64(givenBackAtOnce)) {
+        madvise(m_samples + (from & mask), std::size_t(givenBackAtOnce) * sizeof(float), MADV_DONTNEED);
+        from += quint64(givenBackAtOnce);
         m_givenBack = from;
     }
 }

@@ -10,14 +10,22 @@ namespace kest {
 /// A queue of samples between two threads: one writes, one reads, neither locks
 /// or waits.
 ///
-/// Holds 190 s at 44100 Hz, which is what the reader may be late by (codecs
+/// Holds 188 s at 44100 Hz, which is what the reader may be late by (codecs
 /// that load, a disk that is slow to wake) before a sample is lost. It is
 /// address space, not memory: pages are touched when written and given back
 /// when read, so a reader that keeps up costs some hundred kilobytes.
 class SampleRing
 {
 public:
-    static constexpr qsizetype capacity = qsizetype(1) << 23;
+    static constexpr qsizetype places = qsizetype(1) << 23;
+
+    /// Memory is given back in blocks of this many samples: whole pages on every
+    /// architecture, 1.5 s.
+    static constexpr qsizetype givenBackAtOnce = 64 * 1024;
+
+    /// The most that waits at a time. One block stays free, because what is read
+    /// but not given back yet must not be written again.
+    static constexpr qsizetype capacity = places - givenBackAtOnce;
 
     SampleRing();
     ~SampleRing();
