@@ -210,6 +210,7 @@ void RecordingCrashTest::folderRenamedWhileRecordingKeepsItsFile()
     bench.recorder->stop();
     QVERIFY(bench.waitUntilFinished());
     const FileURL now = FileURL::fromPath(m_root->filePath(QStringLiteral("Elsewhere/renamed.m4a")));
+    QCOMPARE(bench.recorder->url(), now);
     verifyOrdinary(now);
     QCOMPARE(probedSamples(now), std::llround(bench.recorder->currentTime() * 44100));
 }

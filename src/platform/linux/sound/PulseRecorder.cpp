@@ -50,8 +50,8 @@ void PulseRecorder::startJob(RecordingFile file)
     m_capture->setEvents(
         {[mailbox] { deliver(mailbox, [](PulseRecorder *recorder) { Q_EMIT recorder->captureStarted(); }); },
          tellTroubleFromAnywhere});
-    const auto tellFinishedFromAnywhere = [mailbox](bool kept) {
-        deliver(mailbox, [kept](PulseRecorder *recorder) { recorder->tellFinished(kept); });
+    const auto tellFinishedFromAnywhere = [mailbox](bool kept, const FileURL &url) {
+        deliver(mailbox, [=](PulseRecorder *recorder) { recorder->tellFinished(kept, url); });
     };
     auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, m_parts.journal,
                                                                   std::move(file), m_format, tellTroubleFromAnywhere,
@@ -119,8 +119,9 @@ void PulseRecorder::tellTrouble(RecordingTrouble trouble, const QString &detail)
     Q_EMIT troubleOccurred(trouble, detail);
 }
 
-void PulseRecorder::tellFinished(bool kept)
+void PulseRecorder::tellFinished(bool kept, const FileURL &url)
 {
+    m_url = url;
     m_state = State::Finished;
     Q_EMIT finished(kept);
 }

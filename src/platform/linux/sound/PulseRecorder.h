@@ -51,7 +51,7 @@ private:
     static void deliver(const std::shared_ptr<Mailbox> &mailbox, std::function<void(PulseRecorder *)> news);
     void startJob(class RecordingFile file);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
-    void tellFinished(bool kept);
+    void tellFinished(bool kept, const FileURL &url);
     bool isRunning() const;
 
     FileURL m_url;

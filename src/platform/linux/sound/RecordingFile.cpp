@@ -116,18 +116,34 @@ bool RecordingFile::isHere() const
         && status.st_ino == m_inode && status.st_dev == m_device;
 }
 
-bool RecordingFile::locate()
+bool RecordingFile::isAt(const FileURL &file) const
 {
-    if (isHere())
-        return true;
-    // Renamed or moved by somebody: the kernel knows where the open file is now.
+    struct stat status = {};
+    return lstat(file.nativePath().constData(), &status) == 0 && status.st_ino == m_inode && status.st_dev == m_device;
+}
+
+FileURL RecordingFile::presentPath() const
+{
     const QByteArray link = "/proc/self/fd/" + QByteArray::number(m_file.get());
     QByteArray path(PATH_MAX, '\0');
     const ssize_t length = readlink(link.constData(), path.data(), size_t(path.size()));
     if (length <= 0)
-        return false;
+        return {};
     path.truncate(length);
-    const FileURL found = FileURL::fromNativePath(path);
+    return FileURL::fromNativePath(path);
+}
+
+bool RecordingFile::locate()
+{
+    if (isHere() && isAt(m_url))
+        return true;
+    // Renamed or moved by somebody, or its folder was: the kernel knows where the open file is now.
+    const FileURL found = presentPath();
+    if (!isAt(found))
+        return isHere(); // out of reach by any path, but its open folder still has it
+    m_url = found;
+    if (isHere())
+        return true;
     Descriptor folder = openFolder(found.deletingLastPathComponent().nativePath());
     if (!folder.isValid())
         return false;

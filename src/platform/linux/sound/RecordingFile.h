@@ -43,7 +43,7 @@ public:
 
     int descriptor() const { return m_file.get(); }
 
-    /// Where it was made or opened.
+    /// Where it was made or opened, or where `locate` last found it.
     const FileURL &url() const { return m_url; }
 
     quint64 device() const { return m_device; }
@@ -74,6 +74,8 @@ private:
     RecordingFile() = default;
 
     bool isHere() const;
+    bool isAt(const FileURL &file) const;
+    FileURL presentPath() const;
     QByteArray replacementName() const;
 
     FileURL m_url;

@@ -25,7 +25,7 @@ void RecordingJob::run()
     encode();
     const bool kept = finish();
     m_writer.reset();
-    m_parts.finished(kept);
+    m_parts.finished(kept, m_parts.file.url());
 }
 
 void RecordingJob::encode()

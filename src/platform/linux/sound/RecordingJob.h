@@ -24,7 +24,8 @@ public:
         RecordingFile file;
         EncoderFormat format;
         std::function<void(RecordingTrouble trouble, const QString &detail)> troubleOccurred; ///< On the job's thread.
-        std::function<void(bool kept)> finished; ///< On the job's thread, once, last.
+        /// On the job's thread, once, last. The file is at `url` now.
+        std::function<void(bool kept, const FileURL &url)> finished;
     };
 
     explicit RecordingJob(Parts parts) : m_parts(std::move(parts)) { }
