@@ -33,6 +33,7 @@ private Q_SLOTS:
     void nextStartFinishesIt();
     void nextStartFindsItInItsRenamedFolder();
     void nextStartFindsItInTheFolderOfToday();
+    void fileThatCannotBeOpenedIsTriedAgain();
     void nextStartLeavesARunningRecordingAlone();
     void recordingKilledBeforeItBeganLeavesNothing();
     void destroyedRecorderFinishesItsFile();
@@ -155,6 +156,21 @@ void RecordingCrashTest::nextStartFindsItInTheFolderOfToday()
     const FolderURL today = FileURL::fromPath(m_root->filePath(QStringLiteral("far/away/Recordings")));
     QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({today}, plentyMilliseconds), 1);
     verifyOrdinary(today.appendingPathComponent(QStringLiteral("message.m4a")));
+}
+
+void RecordingCrashTest::fileThatCannotBeOpenedIsTriedAgain()
+{
+    recordUntilKilledAfter(0.5);
+    QVERIFY(QDir(m_root->path()).mkpath(QStringLiteral("far/away")));
+    const QString away = m_root->filePath(QStringLiteral("far/away/message.m4a"));
+    QVERIFY(QFile::rename(file().path(), away));
+    QVERIFY(QFile::link(away, file().path())); // a link is refused, which is not the same as nothing there
+    RecorderBench bench;
+    QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
+    QVERIFY(QFile::remove(file().path()));
+    QVERIFY(QFile::rename(away, file().path()));
+    QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
+    verifyOrdinary(file());
 }
 
 void RecordingCrashTest::nextStartLeavesARunningRecordingAlone()

@@ -73,10 +73,10 @@ void RecordingRecovery::finish(std::vector<std::unique_ptr<RecordingJournal::Ent
 
 RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::Entry &entry)
 {
-    auto file = find(entry);
+    auto [file, certain] = find(entry);
     if (!file) {
         // With its folder there, the recording was deleted; without, its disk may only be away, for a while.
-        const bool deleted = exists(entry.file().deletingLastPathComponent());
+        const bool deleted = certain && exists(entry.file().deletingLastPathComponent());
         return deleted || entry.ageInDays() > mostDaysAway ? Outcome::Done : Outcome::TryAgainLater;
     }
     if (!isFragmented(file->descriptor())) {
@@ -94,12 +94,13 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
     return Outcome::TryAgainLater;
 }
 
-std::optional<RecordingFile> RecordingRecovery::find(const RecordingJournal::Entry &entry) const
+RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry &entry) const
 {
     FileFailure failure;
     // Under its old name it is taken whatever its inode: it may have come back from a backup.
     if (auto file = RecordingFile::open(entry.file(), &failure))
-        return file;
+        return {std::move(file)};
+    bool certain = failure.errorNumber == ENOENT;
     int budget = mostEntriesLookedAt;
     for (const FolderURL &folder : placesFor(entry.file())) {
         const FileURL found = fileWithInode(folder, entry.inode(), &budget);
@@ -107,9 +108,10 @@ std::optional<RecordingFile> RecordingRecovery::find(const RecordingJournal::Ent
             continue;
         auto file = RecordingFile::open(found, &failure);
         if (file && isFragmented(file->descriptor()))
-            return file;
+            return {std::move(file)};
+        certain = certain && (file || failure.errorNumber == ENOENT);
     }
-    return std::nullopt;
+    return {std::nullopt, certain};
 }
 
 QList<FolderURL> RecordingRecovery::placesFor(const FileURL &file) const

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "platform/linux/sound/EncoderLoader.h"
+#include "platform/linux/sound/RecordingFile.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
 #include <QList>
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace kest {
@@ -23,8 +25,13 @@ public:
 private:
     enum class Outcome { Done, TryAgainLater };
 
+    struct Search {
+        std::optional<RecordingFile> file;
+        bool certain = true; ///< False: something that may be the file could not be looked at.
+    };
+
     Outcome finishOne(const RecordingJournal::Entry &entry);
-    std::optional<RecordingFile> find(const RecordingJournal::Entry &entry) const;
+    Search find(const RecordingJournal::Entry &entry) const;
     QList<FolderURL> placesFor(const FileURL &file) const;
 
     const std::shared_ptr<EncoderLoader> m_encoders;
