@@ -34,6 +34,7 @@ private Q_SLOTS:
     void nextStartFindsItInItsRenamedFolder();
     void nextStartFindsItInTheFolderOfToday();
     void fileThatCannotBeOpenedIsTriedAgain();
+    void recordingCutShortOfItsLengthIsNotFinished();
     void nextStartLeavesARunningRecordingAlone();
     void recordingKilledBeforeItBeganLeavesNothing();
     void destroyedRecorderFinishesItsFile();
@@ -171,6 +172,19 @@ void RecordingCrashTest::fileThatCannotBeOpenedIsTriedAgain()
     QVERIFY(QFile::rename(away, file().path()));
     QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
     verifyOrdinary(file());
+}
+
+void RecordingCrashTest::recordingCutShortOfItsLengthIsNotFinished()
+{
+    const qint64 recorded = recordUntilKilledAfter(0.5);
+    QString problem;
+    EncoderPlugin *plugin = EncoderLoader().load(&problem);
+    QVERIFY2(plugin, qUtf8Printable(problem));
+    QFile from(file().path());
+    QFile to(m_root->filePath(QStringLiteral("finished.m4a")));
+    QVERIFY(from.open(QIODevice::ReadOnly) && to.open(QIODevice::ReadWrite));
+    QVERIFY(plugin->writeFinished(from.handle(), to.handle(), recorded + 44100));
+    QVERIFY(!plugin->writeFinished(from.handle(), to.handle(), std::nullopt));
 }
 
 void RecordingCrashTest::nextStartLeavesARunningRecordingAlone()

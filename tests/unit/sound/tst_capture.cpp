@@ -1,11 +1,14 @@
 #include "platform/linux/sound/CaptureGate.h"
 #include "platform/linux/sound/LevelMeter.h"
 #include "platform/linux/sound/PulseSource.h"
+#include "platform/linux/sound/RecordingFinisher.h"
 #include "platform/linux/sound/SampleRing.h"
 
+#include <QTemporaryFile>
 #include <QTest>
 
 #include <cmath>
+#include <fcntl.h>
 #include <numbers>
 #include <numeric>
 #include <thread>
@@ -70,6 +73,7 @@ private Q_SLOTS:
     void ringTakesNoMoreThanItHolds();
     void fullRingLosesNothing();
     void ringServesTwoThreads();
+    void unreadableFileIsNotTakenForFinished();
     void microphoneIsTheDefaultSource();
     void fallbackMonitorIsNoMicrophone();
     void chosenMonitorIsAMicrophone();
@@ -209,6 +213,16 @@ void CaptureTest::ringServesTwoThreads()
     }
     writer.join();
     QVERIFY(inOrder);
+}
+
+void CaptureTest::unreadableFileIsNotTakenForFinished()
+{
+    QTemporaryFile file;
+    QVERIFY(file.open());
+    QVERIFY(isFragmented(file.handle()) == std::optional(false)); // it is empty
+    const Descriptor writeOnly(open(QFile::encodeName(file.fileName()).constData(), O_WRONLY | O_CLOEXEC));
+    QVERIFY(writeOnly.isValid());
+    QVERIFY(!isFragmented(writeOnly.get()).has_value());
 }
 
 void CaptureTest::microphoneIsTheDefaultSource()

@@ -47,7 +47,8 @@ public:
     /// Makes an ordinary file out of a recording: reads the one behind `from`,
     /// whose end may be missing, and writes all of the one behind `to`. The new
     /// file lasts exactly `sampleCount` samples, or, when that is not known,
-    /// what its packets hold. Both descriptors stay the caller's.
+    /// what its packets hold. A recording that cannot be read, or holds less
+    /// than `sampleCount`, is a failure. Both descriptors stay the caller's.
     virtual std::optional<FileFailure> writeFinished(int from, int to, std::optional<qint64> sampleCount) = 0;
 };
 

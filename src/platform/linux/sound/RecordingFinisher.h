@@ -15,6 +15,7 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, EncoderPlugin &p
                                            std::optional<qint64> sampleCount);
 
 /// True when the file behind `file` holds a movie fragment, so was not finished.
-bool isFragmented(int file);
+/// Null when it cannot be read.
+std::optional<bool> isFragmented(int file);
 
 } // namespace kest

@@ -77,8 +77,9 @@ void RecordingJob::writeFailed(const FileFailure &failure)
 
 bool RecordingJob::finish()
 {
-    const bool kept = m_written > 0 && isFragmented(m_parts.file.descriptor());
-    if (!kept) {
+    // One that cannot be read now is kept: finishing it fails, is told, and is tried again at the next start.
+    const bool empty = m_written == 0 || isFragmented(m_parts.file.descriptor()) == false;
+    if (empty) {
         m_parts.file.remove();
         if (m_entry)
             m_entry->done();

@@ -79,7 +79,10 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
         const bool deleted = certain && exists(entry.file().deletingLastPathComponent());
         return deleted || entry.ageInDays() > mostDaysAway ? Outcome::Done : Outcome::TryAgainLater;
     }
-    if (!isFragmented(file->descriptor())) {
+    const std::optional<bool> unfinished = isFragmented(file->descriptor());
+    if (!unfinished)
+        return Outcome::TryAgainLater;
+    if (!*unfinished) {
         struct stat status = {};
         if (fstat(file->descriptor(), &status) == 0 && status.st_size == 0)
             file->remove(); // ended before anything was heard
@@ -107,7 +110,8 @@ RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry 
         if (found.isEmpty() || found.pathExtension() != entry.file().pathExtension())
             continue;
         auto file = RecordingFile::open(found, &failure);
-        if (file && isFragmented(file->descriptor()))
+        // Unreadable, it may be the one: then finishing is tried later.
+        if (file && isFragmented(file->descriptor()) != false)
             return {std::move(file)};
         certain = certain && (file || failure.errorNumber == ENOENT);
     }

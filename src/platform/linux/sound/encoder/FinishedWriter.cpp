@@ -26,6 +26,7 @@ public:
     int copyPackets(std::optional<qint64> sampleCount);
 
 private:
+    int inputStatus(int reading) const;
     int writePacket(AVPacket *packet, int64_t duration);
 
     AVFormatContext *m_input = nullptr;
@@ -89,18 +90,30 @@ int Copy::copyPackets(std::optional<qint64> sampleCount)
     if (!packet)
         return AVERROR(ENOMEM);
     const int64_t end = sampleCount.value_or(INT64_MAX / 2); // half: differences of times must not overflow
-    while (m_nextTime < end && av_read_frame(m_input, packet.get()) >= 0) {
+    int reading = 0;
+    while (m_nextTime < end && (reading = av_read_frame(m_input, packet.get())) >= 0) {
         const int status = writePacket(packet.get(), std::min<int64_t>(m_frameSize, end - m_nextTime));
         av_packet_unref(packet.get());
         if (status < 0)
             return status;
     }
-    if (m_nextTime <= 0)
+    if (const int status = inputStatus(reading); status < 0)
+        return status;
+    // Finishing on what is there would throw the rest of the recording away.
+    if (m_nextTime <= 0 || (sampleCount && m_nextTime < end))
         return AVERROR_INVALIDDATA;
     if (const int status = av_write_trailer(m_output); status < 0)
         return status;
     avio_flush(m_output->pb);
     return std::min(m_output->pb->error, 0);
+}
+
+/// Whether the input was read to its end, which a crash may have cut anywhere.
+int Copy::inputStatus(int reading) const
+{
+    if (m_input->pb->error < 0)
+        return m_input->pb->error; // the demuxer can take a read error for the end
+    return reading == AVERROR_EOF || reading == AVERROR_INVALIDDATA ? 0 : std::min(reading, 0);
 }
 
 int Copy::writePacket(AVPacket *packet, int64_t duration)
