@@ -227,31 +227,31 @@ void CaptureTest::unreadableFileIsNotTakenForFinished()
 
 void CaptureTest::microphoneIsTheDefaultSource()
 {
-    const PulseSources known = {true, "b", "sink", false, {source("a"), source("b"), source("sink.monitor", "sink")}};
+    const PulseSources known = {true, "b", "sink", {source("a"), source("b"), source("sink.monitor", "sink")}};
     QCOMPARE(known.microphone()->name, "b");
 }
 
 void CaptureTest::fallbackMonitorIsNoMicrophone()
 {
-    const PulseSources known = {true, "sink.monitor", "sink", false, {source("sink.monitor", "sink")}};
+    const PulseSources known = {true, "sink.monitor", "sink", {source("sink.monitor", "sink")}};
     QVERIFY(!known.microphone());
 }
 
 void CaptureTest::chosenMonitorIsAMicrophone()
 {
-    const PulseSources besideMicrophone = {true, "sink.monitor", "sink", false, {source("sink.monitor", "sink"), source("a")}};
+    const PulseSources besideMicrophone = {true, "sink.monitor", "sink", {source("sink.monitor", "sink"), source("a")}};
     QCOMPARE(besideMicrophone.microphone()->name, "sink.monitor");
-    const PulseSources otherSink = {true, "two.monitor", "one", false, {source("one.monitor", "one"), source("two.monitor", "two")}};
+    const PulseSources otherSink = {true, "two.monitor", "one", {source("one.monitor", "one"), source("two.monitor", "two")}};
     QCOMPARE(otherSink.microphone()->name, "two.monitor");
 }
 
 void CaptureTest::nameOfNoSourceIsNoMicrophone()
 {
-    const PulseSources starting = {true, "@DEFAULT_SOURCE@", "", false, {source("a")}};
+    const PulseSources starting = {true, "@DEFAULT_SOURCE@", "", {source("a")}};
     QVERIFY(!starting.microphone());
-    const PulseSources none = {true, "", "sink", false, {}};
+    const PulseSources none = {true, "", "sink", {}};
     QVERIFY(!none.microphone());
-    const PulseSources gone = {false, "a", "", false, {source("a")}};
+    const PulseSources gone = {false, "a", "", {source("a")}};
     QVERIFY(!gone.microphone());
 }
 

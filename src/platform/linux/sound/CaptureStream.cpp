@@ -1,8 +1,5 @@
 #include "platform/linux/sound/CaptureStream.h"
 
-#include <algorithm>
-#include <utility>
-
 namespace kest {
 
 namespace {
@@ -24,7 +21,6 @@ CaptureStream::~CaptureStream()
         return;
     pa_stream_set_state_callback(m_stream, nullptr, nullptr);
     pa_stream_set_read_callback(m_stream, nullptr, nullptr);
-    pa_stream_set_moved_callback(m_stream, nullptr, nullptr);
     pa_stream_disconnect(m_stream);
     pa_stream_unref(m_stream);
 }
@@ -39,15 +35,13 @@ bool CaptureStream::open()
         m_stream, [](pa_stream *, void *self) { static_cast<CaptureStream *>(self)->stateChanged(); }, this);
     pa_stream_set_read_callback(
         m_stream, [](pa_stream *, size_t, void *self) { static_cast<CaptureStream *>(self)->readAvailable(); }, this);
-    pa_stream_set_moved_callback(
-        m_stream, [](pa_stream *, void *self) { static_cast<CaptureStream *>(self)->moved(); }, this);
     pa_buffer_attr buffer = {};
     buffer.maxlength = uint32_t(-1);
     buffer.fragsize = uint32_t(pa_usec_to_bytes(fragmentMilliseconds * PA_USEC_PER_MSEC, &spec));
-    int flags = PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE | PA_STREAM_INTERPOLATE_TIMING;
-    // Where samples of another source can come before the news of the move, no move is allowed, not even a person's.
-    if (m_context.sources().movesStreamsUnannounced)
-        flags |= PA_STREAM_DONT_MOVE;
+    // Servers move streams of their own accord: to a source that becomes the default, and when theirs goes away. In the
+    // middle of a recording that would be silent, and cannot be told from a move that a person makes.
+    constexpr int flags = PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE
+        | PA_STREAM_INTERPOLATE_TIMING;
     return pa_stream_connect_record(m_stream, m_source.name.constData(), &buffer, pa_stream_flags_t(flags)) == 0;
 }
 
@@ -58,29 +52,11 @@ void CaptureStream::stateChanged()
         m_listener.streamLost();
 }
 
-void CaptureStream::moved()
-{
-    if (pa_stream_get_device_index(m_stream) == m_source.index)
-        return;
-    // Both servers move a stream silently when its source goes away. Whether that is the reason, or a person moved it,
-    // shows when the sources are known afresh; until then nothing is taken from the new source.
-    m_undecided = true;
-    m_context.refresh();
-}
-
 void CaptureStream::sourcesChanged()
 {
-    const PulseSources known = m_context.sources();
-    if (!known.find(m_source.index)) {
+    // Not every server ends a stream with its source.
+    if (!m_context.sources().find(m_source.index))
         m_listener.streamLost();
-        return;
-    }
-    if (!m_undecided)
-        return;
-    if (const PulseSource *now = known.find(pa_stream_get_device_index(m_stream))) {
-        m_source = *now;
-        deliverHeld();
-    }
 }
 
 void CaptureStream::readAvailable()
@@ -98,10 +74,7 @@ bool CaptureStream::readChunk()
     const MonotonicTime start = captureTime(frames);
     average(static_cast<const float *>(data), frames); // null data is a hole: what the server lost, kept as silence
     pa_stream_drop(m_stream);
-    if (m_undecided)
-        m_held.push_back({m_mono, start});
-    else
-        m_listener.samplesCaptured(m_mono.data(), frames, start);
+    m_listener.samplesCaptured(m_mono.data(), frames, start);
     return true;
 }
 
@@ -128,13 +101,6 @@ MonotonicTime CaptureStream::captureTime(qsizetype frames) const
     if (pa_stream_get_latency(m_stream, &latency, &negative) < 0 || negative)
         return monotonicNow() - frames * nanosecondsPerSecond / sampleRate;
     return monotonicNow() - qint64(latency) * nanosecondsPerMicrosecond;
-}
-
-void CaptureStream::deliverHeld()
-{
-    m_undecided = false;
-    for (const Chunk &chunk : std::exchange(m_held, {}))
-        m_listener.samplesCaptured(chunk.samples.data(), qsizetype(chunk.samples.size()), chunk.start);
 }
 
 } // namespace kest

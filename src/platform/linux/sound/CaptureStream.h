@@ -27,10 +27,9 @@ public:
 /// One stream of samples from one source, averaged to mono.
 ///
 /// Asks for the source's own channels and averages them here: servers' own
-/// conversions to mono add, which is too loud and can clip. Ends when its source
-/// goes away, also where the server would move the stream to another one; a move
-/// that a person makes is followed where the server tells of it in time
-/// (PulseAudio does, PipeWire does not). For the PulseThread.
+/// conversions to mono add, which is too loud and can clip. Stays with its source,
+/// also when another becomes the default or somebody wants to move it, and ends
+/// when the source goes away. For the PulseThread.
 class CaptureStream
 {
 public:
@@ -51,25 +50,16 @@ public:
     const PulseSource &source() const { return m_source; }
 
 private:
-    struct Chunk {
-        std::vector<float> samples;
-        MonotonicTime start = 0;
-    };
-
     void stateChanged();
-    void moved();
     void readAvailable();
     bool readChunk();
     void average(const float *interleaved, qsizetype frames);
     MonotonicTime captureTime(qsizetype frames) const;
-    void deliverHeld();
 
     PulseContext &m_context;
-    PulseSource m_source;
+    const PulseSource m_source;
     CaptureStreamListener &m_listener;
     pa_stream *m_stream = nullptr;
-    bool m_undecided = false; // moved, and not yet known by whom
-    std::vector<Chunk> m_held; // captured meanwhile
     std::vector<float> m_mono;
 };
 

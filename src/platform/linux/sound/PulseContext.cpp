@@ -158,7 +158,6 @@ void PulseContext::takeServerInfo(const pa_server_info *info)
     m_collected.connected = true;
     m_collected.defaultSource = info->default_source_name;
     m_collected.defaultSink = info->default_sink_name;
-    m_collected.movesStreamsUnannounced = QByteArray(info->server_name).contains("PipeWire");
     unrefOperation(pa_context_get_source_info_list(
         m_context,
         [](pa_context *, const pa_source_info *source, int end, void *self) {

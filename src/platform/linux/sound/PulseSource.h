@@ -27,9 +27,6 @@ struct PulseSources {
     bool connected = false;
     QByteArray defaultSource; ///< Empty, or a name that need not exist.
     QByteArray defaultSink;
-
-    /// The server moves a stream to another source before it says so.
-    bool movesStreamsUnannounced = false;
     QList<PulseSource> sources;
 
     const PulseSource *find(quint32 index) const;
