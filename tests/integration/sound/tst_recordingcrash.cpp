@@ -4,6 +4,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QTest>
 
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void nextStartFinishesIt();
     void nextStartFindsItInItsRenamedFolder();
     void nextStartFindsItInTheFolderOfToday();
+    void fileOfAnotherBirthIsLeftAlone();
     void fileThatCannotBeOpenedIsTriedAgain();
     void recordingCutShortOfItsLengthIsNotFinished();
     void nextStartLeavesARunningRecordingAlone();
@@ -157,6 +160,26 @@ void RecordingCrashTest::nextStartFindsItInTheFolderOfToday()
     const FolderURL today = FileURL::fromPath(m_root->filePath(QStringLiteral("far/away/Recordings")));
     QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({today}, plentyMilliseconds), 1);
     verifyOrdinary(today.appendingPathComponent(QStringLiteral("message.m4a")));
+}
+
+void RecordingCrashTest::fileOfAnotherBirthIsLeftAlone()
+{
+    recordUntilKilledAfter(0.5);
+    // As if the inode had been given to a later file: what is remembered is of another birth.
+    QDir journal(m_root->filePath(QStringLiteral("state/kest/unfinished-recordings")));
+    QFile entry(journal.filePath(journal.entryList({QStringLiteral("*.json")}).value(0)));
+    QVERIFY(entry.open(QIODevice::ReadWrite));
+    QJsonObject remembered = QJsonDocument::fromJson(entry.readAll()).object();
+    QVERIFY(remembered[u"born"].toString().toLongLong() > 0);
+    remembered[u"born"] = QStringLiteral("1");
+    QVERIFY(entry.resize(0) && entry.seek(0));
+    entry.write(QJsonDocument(remembered).toJson());
+    entry.close();
+    const QString elsewhere = m_root->filePath(QStringLiteral("Recordings/other.m4a"));
+    QVERIFY(QFile::rename(file().path(), elsewhere));
+    RecorderBench bench;
+    QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
+    QVERIFY(outermostBoxes(FileURL::fromPath(elsewhere)).contains("moof"));
 }
 
 void RecordingCrashTest::fileThatCannotBeOpenedIsTriedAgain()

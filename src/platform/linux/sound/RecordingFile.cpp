@@ -98,6 +98,14 @@ std::optional<RecordingFile> RecordingFile::open(const FileURL &file, FileFailur
     return opened;
 }
 
+qint64 RecordingFile::birthTime() const
+{
+    struct statx status = {};
+    if (statx(m_file.get(), "", AT_EMPTY_PATH, STATX_BTIME, &status) < 0 || !(status.stx_mask & STATX_BTIME))
+        return 0;
+    return qint64(status.stx_btime.tv_sec) * 1'000'000'000 + status.stx_btime.tv_nsec;
+}
+
 void RecordingFile::rememberUmask()
 {
     QFile status(QStringLiteral("/proc/self/status"));

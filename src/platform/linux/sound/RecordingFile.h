@@ -49,6 +49,11 @@ public:
     quint64 device() const { return m_device; }
     quint64 inode() const { return m_inode; }
 
+    /// When the file was made, in nanoseconds since 1970: with the inode it
+    /// tells this file from a later one that got its inode. 0 where the file
+    /// system does not say.
+    qint64 birthTime() const;
+
     /// The file's present name in its present folder; follows both when they
     /// were renamed meanwhile. False when the file was deleted.
     bool locate();

@@ -25,6 +25,7 @@ QByteArray toJson(const RecordingFile &file)
     // A path is bytes; percent-encoded they are a text, whatever they are.
     object[u"path"] = QString::fromLatin1(file.url().nativePath().toPercentEncoding("/"));
     object[u"inode"] = QString::number(file.inode());
+    object[u"born"] = QString::number(file.birthTime());
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
@@ -72,6 +73,7 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::remember(const Record
     auto entry = std::make_unique<Entry>();
     entry->m_file = file.url();
     entry->m_inode = file.inode();
+    entry->m_birthTime = file.birthTime();
     entry->m_path = m_folder + "/" + name + ".json";
     entry->m_lock = Descriptor(open(hidden.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     const bool written = entry->m_lock.isValid() && flock(entry->m_lock.get(), LOCK_EX | LOCK_NB) == 0
@@ -113,6 +115,7 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::take(const QByteArray
     }
     entry->m_file = FileURL::fromNativePath(file);
     entry->m_inode = object[u"inode"].toString().toULongLong();
+    entry->m_birthTime = object[u"born"].toString().toLongLong();
     return entry;
 }
 

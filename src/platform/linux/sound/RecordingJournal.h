@@ -25,6 +25,9 @@ public:
         const FileURL &file() const { return m_file; }
         quint64 inode() const { return m_inode; }
 
+        /// See RecordingFile::birthTime; 0 when it was not remembered.
+        qint64 birthTime() const { return m_birthTime; }
+
         int ageInDays() const;
 
         /// The recording is finished or gone: nothing is left to remember.
@@ -34,6 +37,7 @@ public:
         friend class RecordingJournal;
         FileURL m_file;
         quint64 m_inode = 0;
+        qint64 m_birthTime = 0;
         QByteArray m_path;
         Descriptor m_lock;
     };

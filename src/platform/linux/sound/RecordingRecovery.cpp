@@ -104,6 +104,8 @@ RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry 
     if (auto file = RecordingFile::open(entry.file(), &failure))
         return {std::move(file)};
     bool certain = failure.errorNumber == ENOENT;
+    if (entry.birthTime() == 0)
+        return {std::nullopt, certain}; // an inode alone may be anybody's by now
     int budget = mostEntriesLookedAt;
     for (const FolderURL &folder : placesFor(entry.file())) {
         const FileURL found = fileWithInode(folder, entry.inode(), &budget);
@@ -111,7 +113,7 @@ RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry 
             continue;
         auto file = RecordingFile::open(found, &failure);
         // Unreadable, it may be the one: then finishing is tried later.
-        if (file && isFragmented(file->descriptor()) != false)
+        if (file && file->birthTime() == entry.birthTime() && isFragmented(file->descriptor()) != false)
             return {std::move(file)};
         certain = certain && (file || failure.errorNumber == ENOENT);
     }
