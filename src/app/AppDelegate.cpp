@@ -125,7 +125,8 @@ void AppDelegate::tellThatRecordingGoesOn()
 {
     if (!m_winController->recordingActive())
         return;
-    m_platform.workspace->showNotice(tr("Kest is still recording"),
+    const bool paused = m_winController->audioRecorder()->recordingPaused();
+    m_platform.workspace->showNotice(paused ? tr("Kest’s recording is paused") : tr("Kest is still recording"),
                                      tr("Its window comes back when you turn to your mail, or start Kest again."));
 }
 

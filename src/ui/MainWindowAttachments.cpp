@@ -13,7 +13,8 @@ namespace kest {
 void MainWindowController::menuNeedsUpdate()
 {
     // A missing folder is told by the menu itself.
-    const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(nullptr);
+    Error unused; // the look-up's own log reads the slot
+    const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(&unused);
     fillOptionalAttachmentsMenu(*attachmentsMenu(), folder, m_attachmentName);
     if (folder && attachmentsMenu()->actions().size() == 1)
         m_notices.tell(NoticePlace::Subject::Hint, tr("The folder of prepared messages is empty."),

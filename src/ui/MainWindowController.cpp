@@ -115,14 +115,22 @@ void MainWindowController::applyTextColorRule()
 
 void MainWindowController::showWindow()
 {
+    restoreIfMinimized();
     m_window->show();
     m_window->raise();
     m_window->activateWindow();
 }
 
+// A window that was minimised when it was hidden would come back as nothing but an entry of the task bar.
+void MainWindowController::restoreIfMinimized()
+{
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
+}
+
 void MainWindowController::orderFront()
 {
     if (!m_window->isVisible()) {
+        restoreIfMinimized();
         // A remapped window would be placed anew otherwise.
         m_window->move(m_window->pos());
         // What WA_ShowWithoutActivating sets when a window is made, too late for this one: on X11 a zero user time.

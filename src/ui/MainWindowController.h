@@ -204,6 +204,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void restoreIfMinimized();
     class BusyScope;
     struct ComposeSettings;
 

@@ -99,7 +99,8 @@ void MainWindowController::composeRecording(const ComposeSettings &settings)
 
 void MainWindowController::composeChosenFile(const ComposeSettings &settings)
 {
-    const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(nullptr);
+    Error unused; // the look-up's own log reads the slot
+    const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(&unused);
     std::optional<FileURL> file;
     if (folder) {
         folder->startAccessingSecurityScopedResource();

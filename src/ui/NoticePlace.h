@@ -20,10 +20,10 @@ public:
     /// urgency, least first.
     enum class Subject {
         Status,    ///< What the window is doing anyway.
-        Hint,      ///< An answer to a command; goes away after a while.
-        Settings,  ///< The settings could not be kept.
+        Settings,  ///< The settings could not be kept; goes away after a longer while.
         Mail,      ///< The mail application cannot be reached at all.
         Recording, ///< The recording ended, or never began.
+        Hint,      ///< An answer to a command; goes away after a while, or before a new trouble.
         Progress,  ///< Something is being waited for.
     };
 
@@ -46,6 +46,9 @@ public:
     /// How long a hint stays, in milliseconds.
     static constexpr int hintDuration = 8000;
 
+    /// How long a word about the settings stays, in milliseconds.
+    static constexpr int settingsDuration = 30000;
+
 Q_SIGNALS:
     void changed();
 
@@ -58,6 +61,7 @@ private:
 
     QHash<Subject, Notice> m_notices;
     QTimer m_hintTimer;
+    QTimer m_settingsTimer;
 };
 
 inline size_t qHash(NoticePlace::Subject subject, size_t seed = 0)

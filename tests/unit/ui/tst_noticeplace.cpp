@@ -20,10 +20,10 @@ private Q_SLOTS:
     void theMostUrgentIsShown()
     {
         NoticePlace place;
-        for (const Subject subject : {Subject::Recording, Subject::Status, Subject::Progress, Subject::Hint,
-                                      Subject::Settings})
+        for (const Subject subject : {Subject::Recording, Subject::Status, Subject::Progress, Subject::Settings,
+                                      Subject::Hint})
             place.tell(subject, QString::number(static_cast<int>(subject)));
-        for (const Subject subject : {Subject::Progress, Subject::Recording, Subject::Settings, Subject::Hint,
+        for (const Subject subject : {Subject::Progress, Subject::Hint, Subject::Recording, Subject::Settings,
                                       Subject::Status}) {
             QCOMPARE(place.subject(), subject);
             QCOMPARE(place.text(), QString::number(static_cast<int>(subject)));
@@ -52,6 +52,26 @@ private Q_SLOTS:
         QCOMPARE(spy.size(), 1);
         place.tell(Subject::Status, QStringLiteral("a"), QStringLiteral("more"));
         QCOMPARE(spy.size(), 2);
+    }
+
+    void aNewTroubleTakesTheAnswerToAnEarlierCommandAway()
+    {
+        for (const Subject trouble : {Subject::Recording, Subject::Mail, Subject::Settings}) {
+            NoticePlace place;
+            place.tell(Subject::Hint, QStringLiteral("answer"));
+            place.tell(trouble, QStringLiteral("trouble"));
+            QCOMPARE(place.text(), QStringLiteral("trouble"));
+        }
+    }
+
+    void anAnswerIsSeenThoughAnOlderTroubleStays()
+    {
+        NoticePlace place;
+        place.tell(Subject::Recording, QStringLiteral("trouble"));
+        place.tell(Subject::Hint, QStringLiteral("answer"));
+        QCOMPARE(place.text(), QStringLiteral("answer"));
+        place.withdraw(Subject::Hint);
+        QCOMPARE(place.text(), QStringLiteral("trouble"));
     }
 
     void aHintGoesAwayByItself()

@@ -96,8 +96,9 @@ void ActiveWindowWatch::readEvents()
         d->notifier->setEnabled(false);
     if (!isChanged)
         return;
-    Q_EMIT changed();
+    // Asked for first, so that a listener that throws takes no later change along.
     QMetaObject::invokeMethod(this, &ActiveWindowWatch::readEvents, Qt::QueuedConnection);
+    Q_EMIT changed();
 }
 
 std::optional<ActiveWindowWatch::Window> ActiveWindowWatch::activeWindow() const

@@ -52,8 +52,11 @@ void LinuxWorkspace::begin()
 {
     if (QGuiApplication::platformName() == QStringLiteral("xcb"))
         m_watch = ActiveWindowWatch::onDisplay();
-    connect(qApp, &QGuiApplication::applicationStateChanged, this,
-            [this](Qt::ApplicationState state) { m_frontmost.setOwnActive(state == Qt::ApplicationActive); });
+    // Queued, because Qt emits it outside of notify: what a listener throws must find somebody who logs it.
+    connect(
+        qApp, &QGuiApplication::applicationStateChanged, this,
+        [this](Qt::ApplicationState state) { m_frontmost.setOwnActive(state == Qt::ApplicationActive); },
+        Qt::QueuedConnection);
     m_frontmost.setOwnActive(QGuiApplication::applicationState() == Qt::ApplicationActive);
     if (m_watch) {
         connect(m_watch.get(), &ActiveWindowWatch::changed, this, &LinuxWorkspace::readActiveWindow);
