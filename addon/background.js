@@ -12,11 +12,22 @@ async function hello() {
   return { version: messenger.runtime.getManifest().version, name, applicationVersion: version };
 }
 
+/** The numbers of the files that travel with a call. */
+function filesOf({ file, attachments = [] }) {
+  return [file, ...attachments.map(([, reference]) => reference)].map(reference => reference?.file)
+    .filter(number => number !== undefined);
+}
+
 async function answer(call) {
   try {
     connection.send({ answer: call.call, result: (await carryOut(call)) ?? null });
   } catch (error) {
     connection.send({ answer: call.call, error: describe(error) });
+  } finally {
+    // A call that failed early has not taken its files out.
+    for (const reference of filesOf(call.arguments ?? {})) {
+      dropFile(reference);
+    }
   }
 }
 

@@ -11,6 +11,26 @@ namespace kest {
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+// As much as there is, up to `size`: some file systems hand out less than was asked for before the end. -1 on an error.
+ssize_t readFully(int descriptor, char *bytes, ssize_t size, off_t offset)
+{
+    ssize_t done = 0;
+    while (done < size) {
+        const ssize_t count = pread(descriptor, bytes + done, static_cast<size_t>(size - done), offset + done);
+        if (count == 0)
+            break;
+        if (count > 0)
+            done += count;
+        else if (errno != EINTR)
+            return -1;
+    }
+    return done;
+}
+
+} // namespace
+
 FileHandOver::FileHandOver(NativeChannel &channel, const QList<QDBusUnixFileDescriptor> &files, int firstFile,
                            QObject *parent)
     : QObject(parent)
@@ -60,10 +80,7 @@ bool FileHandOver::sendPiece()
 {
     Source &source = m_sources[m_current];
     QByteArray bytes(pieceSize, Qt::Uninitialized);
-    ssize_t count = -1;
-    do {
-        count = pread(source.descriptor.fileDescriptor(), bytes.data(), pieceSize, source.offset);
-    } while (count < 0 && errno == EINTR);
+    const ssize_t count = readFully(source.descriptor.fileDescriptor(), bytes.data(), pieceSize, source.offset);
     if (count < 0) {
         fail(u"An attachment cannot be read: %1."_s.arg(QString::fromLocal8Bit(std::strerror(errno))));
         return false;

@@ -45,13 +45,14 @@ class Installation:
 
     def install(self, parts):
         addon, host = parts
+        self.profile.must_be_reachable()
         self.profile.must_rest()
         _protect_firefox()
+        self.profile.add_prefs()
         self.addon.parent.mkdir(exist_ok=True)
         _copy(addon, self.addon)
         self.manifest.parent.mkdir(parents=True, exist_ok=True)
         self.manifest.write_text(_manifest_for(host), encoding="utf-8")
-        self.profile.add_prefs()
         print(f"The add-on is in {self.addon}.\nThe mail host is announced by {self.manifest}.\n"
               "Thunderbird will load it at its next start.")
         return 0

@@ -85,11 +85,16 @@ class Profile:
         if self.is_running():
             raise ProfileError("Thunderbird is running with this profile; quit it first, then try again")
 
+    def must_be_reachable(self):
+        if any(part in self.path.parts for part in ("snap", ".var")):
+            raise ProfileError("a Thunderbird from Flatpak or Snap cannot start Kest's helper; "
+                               "it needs one from Debian's packages")
+
     # user.js
 
     def _user_js(self):
         path = self.path / "user.js"
-        return path, path.read_text(encoding="utf-8") if path.exists() else ""
+        return path, _text_of(path) if path.exists() else ""
 
     def has_prefs(self):
         return BEGIN in self._user_js()[1]
@@ -107,10 +112,10 @@ class Profile:
         if BEGIN not in text:
             return
         rest = re.sub(re.escape(BEGIN) + r".*?" + re.escape(END) + r"\n?", "", text, flags=re.S)
-        _write(path, rest) if rest.strip() else path.unlink()
+        _write(path, rest) if rest.strip() or path.is_symlink() else path.unlink()
         prefs = self.path / "prefs.js"
         if prefs.exists():
-            kept = [line for line in prefs.read_text(encoding="utf-8").splitlines(keepends=True)
+            kept = [line for line in _text_of(prefs).splitlines(keepends=True)
                     if not any(line.startswith(f'user_pref("{name}", {value})') for name, value in PREFS.items())]
             _write(prefs, "".join(kept))
 
@@ -123,7 +128,7 @@ class Profile:
         prefs = self.path / "prefs.js"
         if prefs.exists():
             _write(prefs, "".join(_without_uuid(line, identifier)
-                                  for line in prefs.read_text(encoding="utf-8").splitlines(keepends=True)))
+                                  for line in _text_of(prefs).splitlines(keepends=True)))
         for cache in ("addonStartup.json.lz4", "startupCache/webext.sc.lz4"):
             (self.path / cache).unlink(missing_ok=True)
 
@@ -157,9 +162,17 @@ def _command_of(pid):
         return "thunderbird"
 
 
+def _text_of(path):
+    """The text with every byte and line end as it is, whatever the encoding."""
+    with open(path, encoding="utf-8", errors="surrogateescape", newline="") as file:
+        return file.read()
+
+
 def _write(path, text):
+    path = path.resolve()  # a link stays a link
     temporary = path.with_name(path.name + ".kest-new")
-    temporary.write_text(text, encoding="utf-8")
+    with open(temporary, "w", encoding="utf-8", errors="surrogateescape", newline="") as file:
+        file.write(text)
     if path.exists():
         os.chmod(temporary, path.stat().st_mode & 0o777)
     os.replace(temporary, path)

@@ -8,6 +8,7 @@
 #include "ui/MainWindowController.h"
 #include "ui_MainWindow.h"
 
+#include <QCoreApplication>
 #include <QEventLoop>
 
 namespace kest {
@@ -25,6 +26,9 @@ public:
 
     ~BusyScope()
     {
+        // Input that came meanwhile was only kept back. Now, with everything still disabled, it comes to nothing;
+        // later, a second press would carry out what nobody asked for twice.
+        QCoreApplication::processEvents();
         m_controller.m_commandRunning = false;
         m_controller.updateBusy();
     }

@@ -68,6 +68,25 @@ class Command(unittest.TestCase):
         self.assertEqual(self.files(), [".thunderbird/profiles.ini"])
         self.assertFalse((self.sandbox.home / ".mozilla").exists())
 
+    def test_a_linked_user_js_in_another_encoding_comes_back_byte_for_byte(self):
+        profile = self.profile()
+        elsewhere = self.sandbox.home / "dotfiles.js"
+        elsewhere.write_bytes(b'// Gr\xf6\xdfe\r\nuser_pref("mine", 1);\r\n')
+        before = elsewhere.read_bytes()
+        (profile / "user.js").symlink_to(elsewhere)
+        self.assertEqual(self.run_command("install", "--build", BUILD)[0], 0)
+        self.assertIn(b"autoDisableScopes", elsewhere.read_bytes())
+        self.assertEqual(self.run_command("remove")[0], 0)
+        self.assertTrue((profile / "user.js").is_symlink())
+        self.assertEqual(elsewhere.read_bytes(), before)
+
+    def test_a_thunderbird_in_a_sandbox_is_refused_in_words(self):
+        self.profile(root=".var/app/org.mozilla.Thunderbird/.thunderbird")
+        code, words = self.run_command("install", "--build", BUILD)
+        self.assertNotEqual(code, 0)
+        self.assertIn("Flatpak", words)
+        self.assertFalse((self.sandbox.home / ".mozilla").exists())
+
     def test_removing_twice_says_that_nothing_was_there(self):
         self.profile()
         code, words = self.run_command("remove")

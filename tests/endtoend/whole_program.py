@@ -136,6 +136,20 @@ class WholeProgram(unittest.TestCase):
         self.assertIn("club@example.test", str(mail.message["From"]))
         self.assertEqual([name for name, _, _ in mail.attachments], [self.kest.recordings()[-1].name])
 
+    def test_what_is_pressed_while_a_command_runs_does_nothing_afterwards(self):
+        self.kest.start()
+        self.record()
+        self.kest.click("Stop")
+        self.finished_recording()
+        button = self.kest.control("New Message")
+        self.person.click(button)
+        self.person.key("space")
+        self.person.click_at_once(self.kest.control("Record"))
+        self.thunderbird.wait_window("Write: A voice email", 60)
+        self.kest.wait_until_idle(60)
+        self.assertEqual(self.kest.time_text(), "--:--")
+        self.assertEqual(len(self.kest.recordings()), 1)
+
     def send_to(self, window, address):
         self.person.move_window(window, 0, 0)
         program = self.person.application("Thunderbird")
