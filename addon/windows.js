@@ -3,7 +3,7 @@
 import { MailError } from "./errors.js";
 
 const NONE = -1;
-const BETWEEN_WINDOWS_MS = 80;
+const BETWEEN_WINDOWS_MS = 150;
 
 let lastViewer = null;
 let lastShown = null;

@@ -29,7 +29,7 @@ test("a gain is told at once, a loss when it lasts", () => {
   assert.deepEqual(told, [false, true]);
   focus(-1);
   assert.deepEqual(told, [false, true]);
-  mock.timers.tick(80);
+  mock.timers.tick(150);
   assert.deepEqual(told, [false, true, false]);
 });
 

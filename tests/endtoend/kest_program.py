@@ -58,6 +58,12 @@ class KestProgram:
     def click(self, name):
         self.person.click(self.control(name))
 
+    def come_back(self):
+        """Kest is started again, as a person does who misses its window: the running one comes to the front."""
+        again = self.sandbox.start("kest-again", [self.build / "bin" / "kest"])
+        if again.wait(10):
+            raise ServiceError(f"a second start ended with {again.returncode}")
+
     def wait_until_idle(self, seconds=20):
         """Until the last command is through: its controls are enabled again."""
         record = self.control("Record")

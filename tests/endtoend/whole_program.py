@@ -55,7 +55,7 @@ class WholeProgram(unittest.TestCase):
 
     def record(self, seconds=1):
         self.kest.click("Record")
-        self.kest.control("Pause")
+        wait_until(lambda: self.kest.time_text() != "--:--", "the recording to begin")
         self.sound.microphone.play_samples(SECOND_OF_SILENCE * seconds)
 
     def finished_recording(self):
@@ -126,8 +126,9 @@ class WholeProgram(unittest.TestCase):
         self.addCleanup(lambda: Path(f"/proc/{pid}").exists() and os.kill(pid, 15))
         os.kill(pid, 9)
         self.thunderbird.wait_off_bus()
-        self.record()
         self.thunderbird.start()
+        self.kest.come_back()
+        self.record()
         self.kest.click("New Message")
         window = self.thunderbird.wait_window("Write: A voice email", 30)
         self.kest.wait_until_idle()
