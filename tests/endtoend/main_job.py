@@ -113,7 +113,11 @@ class MainJob:
 
     def record(self):
         self.kest.click("Record")
-        speak(self.sandbox, self.sound, FIRST, self.output, "first-sentence", during=lambda: self.picture("recording"))
+        speak(self.sandbox, self.sound, FIRST, self.output, "first-sentence", during=self.look_at_the_recording)
+
+    def look_at_the_recording(self):
+        wait_until(lambda: self.kest.time_text() == "00:01", "the time to run")
+        self.picture("recording")
 
     def pause(self):
         self.kest.click("Pause")
