@@ -11,12 +11,16 @@ function extension(name) {
   return /\.([A-Za-z0-9]{1,8})$/.exec(name)?.[1] ?? "";
 }
 
-/** One piece of a file that the host reads out. */
+/** One piece of a file that the host reads out; false when it is none. */
 export function takeChunk({ chunk, data, last }) {
+  if (!Number.isInteger(chunk) || typeof data !== "string") {
+    return false;
+  }
   const file = arriving.get(chunk) ?? { parts: [], complete: false };
   arriving.set(chunk, file);
   file.parts.push(new Blob([Uint8Array.fromBase64(data)]));
   file.complete = Boolean(last);
+  return true;
 }
 
 /** The host gave a file up. */

@@ -13,8 +13,9 @@ async function hello() {
 }
 
 /** The numbers of the files that travel with a call. */
-function filesOf({ file, attachments = [] }) {
-  return [file, ...attachments.map(([, reference]) => reference)].map(reference => reference?.file)
+function filesOf(values) {
+  const attachments = Array.isArray(values?.attachments) ? values.attachments : [];
+  return [values?.file, ...attachments.map(attachment => attachment?.[1])].map(reference => reference?.file)
     .filter(number => number !== undefined);
 }
 
@@ -25,7 +26,7 @@ async function answer(call) {
     connection.send({ answer: call.call, error: describe(error) });
   } finally {
     // A call that failed early has not taken its files out.
-    for (const reference of filesOf(call.arguments ?? {})) {
+    for (const reference of filesOf(call.arguments)) {
       dropFile(reference);
     }
   }
@@ -33,8 +34,9 @@ async function answer(call) {
 
 function received(message) {
   if (message.chunk !== undefined) {
-    takeChunk(message);
-    connection.send({ taken: message.chunk });
+    if (takeChunk(message)) {
+      connection.send({ taken: message.chunk });
+    }
   } else if (message.drop !== undefined) {
     dropFile(message.drop);
   } else if (message.call !== undefined) {

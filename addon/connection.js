@@ -8,6 +8,17 @@ const LAST_RETRY_MS = 8000;
 const SILENT_TRIES = 3;
 const STEADY_MS = 10000;
 
+/** The object behind the base64 of its JSON; null when it is none. */
+function parsed(base64) {
+  try {
+    const message = JSON.parse(new TextDecoder().decode(Uint8Array.fromBase64(base64)));
+    return typeof message === "object" ? message : null;
+  } catch {
+    console.warn("Kest's mail host sent a message that cannot be read.");
+    return null;
+  }
+}
+
 /**
  * Connects, says hello and hands every message on. A host that has spoken and
  * died is started again, after a growing pause; one that never speaks is tried
@@ -43,10 +54,13 @@ export class Connection {
   }
 
   #received(message) {
+    if (message === null || typeof message !== "object") {
+      return;
+    }
     if (message.hello) {
       this.#spoke = true;
       this.on.opened(message.hello);
-    } else if (message.piece !== undefined) {
+    } else if (typeof message.piece === "string") {
       this.#takePiece(message);
     } else {
       this.on.message(message);
@@ -57,9 +71,11 @@ export class Connection {
   #takePiece({ piece, last }) {
     this.#pieces.push(piece);
     if (last) {
-      const bytes = Uint8Array.fromBase64(this.#pieces.join(""));
+      const message = parsed(this.#pieces.join(""));
       this.#pieces = [];
-      this.on.message(JSON.parse(new TextDecoder().decode(bytes)));
+      if (message) {
+        this.on.message(message);
+      }
     }
   }
 

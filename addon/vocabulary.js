@@ -48,10 +48,17 @@ export const INTERFACES = {
   },
 };
 
+const KINDS = ["call", "get", "set"];
+
+/** What an object itself has by that name; never what all objects have. */
+function own(object, name) {
+  return object && typeof name === "string" && Object.hasOwn(object, name) ? object[name] : undefined;
+}
+
 /** Carries out one call from the host: {path, interface, kind: "call", "get" or "set", member, arguments}. */
 export async function carryOut(call) {
-  const known = INTERFACES[call.interface];
-  const verb = known?.[call.kind]?.[call.member];
+  const known = own(INTERFACES, call.interface);
+  const verb = KINDS.includes(call.kind) && own(own(known, call.kind), call.member);
   if (!verb) {
     throw new MailError("Unsupported", `Thunderbird's half of Kest knows no ${call.interface}.${call.member}.`);
   }
