@@ -96,7 +96,11 @@ void ASMail::mailReplyAppendingBodyText(const QString &bodyText, const std::opti
 QString ASMail::mailReplyGetSender()
 {
     const QJSValue sender = run(u"mailReplyGetSender"_s, {});
-    return sender.isString() ? sender.toString() : QString();
+    if (!sender.isString())
+        return {};
+    // The engine makes a null text of an empty one; null is kept for "none".
+    const QString text = sender.toString();
+    return text.isNull() ? u""_s : text;
 }
 
 std::optional<QStringList> ASMail::retrieveEmailAccounts()

@@ -21,7 +21,7 @@ struct FolderEntry {
     std::optional<FileTime> creationDate; ///< Nothing where the file system keeps none, or it cannot be read.
 };
 
-/// Reads folders and removes what is in them.
+/// Reads folders, and moves and removes what is in them.
 class FolderContents
 {
 public:
@@ -36,6 +36,12 @@ public:
     /// link is deleted itself and never followed, inside a folder too. False
     /// when something of it is left; `error` may be null.
     virtual bool removeItem(const FileURL &atURL, Error *error) = 0;
+
+    /// Gives the file `atURL` the name and place `toURL`, on the same file
+    /// system. Never replaces anything: false, with everything as it was, when
+    /// something bears that name already, its folder does not exist, or the
+    /// move is not possible for another reason; `error` may be null.
+    virtual bool moveItem(const FileURL &atURL, const FileURL &toURL, Error *error) = 0;
 };
 
 } // namespace kest

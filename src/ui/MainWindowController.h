@@ -29,6 +29,7 @@ class ApplicationDelegate;
 class Bindings;
 class ControlButton;
 class DetailPanel;
+class FolderContents;
 class KestLevelsView;
 struct MessageDraft;
 class ProcessInfo;
@@ -46,6 +47,7 @@ struct MainWindowDependencies {
     AlertPresenter &alertPresenter;
     UserDefaults &userDefaults;
     ApplicationDelegate &delegate;
+    FolderContents &folderContents;
 
     std::function<void()> beep = [] { QApplication::beep(); };
 
@@ -167,8 +169,22 @@ public Q_SLOTS:
     void audioRecordingUpdateTimeWithTimer();
 
     void mailComposeNewMessage();
+
+    /// Answers the last of the messages selected in the mail application with
+    /// the recording, or the chosen prepared message, and takes the recording
+    /// as used. Where the mail application yields no message or no reply to
+    /// build on, it throws (std::out_of_range, std::invalid_argument), and what
+    /// was to be sent is there for another try.
     void mailReplyToSelectedMessages();
     void mailReplyAllToSelectedMessages();
+    void mailReplyToSelectedMessagesReplyingToAll(bool replyingToAll);
+
+    /// Gives the file the name of who sent the message answered, as
+    /// recordingNameWithSender() makes it, and returns where it lies then. A
+    /// move that fails is silent by design, and the file keeps its name: a
+    /// reply must not fail for a name. Never replaces another file, and never
+    /// moves it into another folder.
+    kest::FileURL includeSender(const QString &sender, const kest::FileURL &inNameOfURL);
 
     /// Lists the prepared messages anew; called before the menu opens.
     void menuNeedsUpdate();
@@ -206,7 +222,9 @@ protected:
 private:
     void restoreIfMinimized();
     class BusyScope;
+    struct MailSettings;
     struct ComposeSettings;
+    struct ReplySettings;
 
     void loadWindow();
     void applyFonts();
@@ -231,9 +249,22 @@ private:
 
     void chooseAttachment(const QString &name, const QString &image);
 
+    /// Lets `handOver` have the finished recording, if there is one, and takes
+    /// it as used.
+    void useRecording(const std::function<void(const std::optional<FileURL> &recording)> &handOver);
+
+    /// Lets `handOver` have the chosen prepared message, and withdraws the choice.
+    void useChosenFile(const MailSettings &settings, const std::function<void(const MessageDraft &draft)> &handOver);
+
     void composeRecording(const ComposeSettings &settings);
-    void composeChosenFile(const ComposeSettings &settings);
     void createMessage(const ComposeSettings &settings, const MessageDraft &draft);
+
+    void reply(const ReplySettings &settings);
+    void replyWithRecording(const ReplySettings &settings, const std::optional<Message> &target);
+    void makeReply(const ReplySettings &settings, const std::optional<Message> &target, const MessageDraft &draft);
+    Message lastSelectedMessage();
+    QString senderOf(const std::optional<Message> &target);
+    bool moveRecording(const FileURL &from, const FileURL &to);
     std::optional<FileURL> recordingFile() const;
     bool waitForFinishedRecording();
     void updateBusy();

@@ -1,11 +1,12 @@
-// The commands of MainWindowController that make mail.
+// The New Message command of MainWindowController, and what it shares with the replies.
+
+#include "ui/MainWindowMail.h"
 
 #include "app/LocalizedStrings.h"
 #include "app/SettingsTable.h"
 #include "app/UserDefaults.h"
 #include "mail/MessageDraft.h"
 #include "ui/ApplicationDelegate.h"
-#include "ui/MainWindowController.h"
 #include "ui_MainWindow.h"
 
 #include <QCoreApplication>
@@ -13,56 +14,73 @@
 
 namespace kest {
 
-/// While it lives, a command is running and no other can begin.
-class MainWindowController::BusyScope
+namespace {
+
+/// Holds access to a folder, whatever way its scope is left.
+class FolderAccess
 {
 public:
-    explicit BusyScope(MainWindowController &controller)
-        : m_controller(controller)
+    explicit FolderAccess(const FolderURL &folder)
+        : m_folder(folder)
     {
-        m_controller.m_commandRunning = true;
-        m_controller.updateBusy();
+        m_folder.startAccessingSecurityScopedResource();
     }
 
-    ~BusyScope()
-    {
-        // Input that came meanwhile was only kept back. Now, with everything still disabled, it comes to nothing;
-        // later, a second press would carry out what nobody asked for twice.
-        QCoreApplication::processEvents();
-        m_controller.m_commandRunning = false;
-        m_controller.updateBusy();
-    }
+    ~FolderAccess() { m_folder.stopAccessingSecurityScopedResource(); }
 
-    BusyScope(const BusyScope &) = delete;
-    BusyScope &operator=(const BusyScope &) = delete;
+    FolderAccess(const FolderAccess &) = delete;
+    FolderAccess &operator=(const FolderAccess &) = delete;
 
 private:
-    MainWindowController &m_controller;
+    const FolderURL m_folder;
 };
 
-/// What a new message takes from the settings, read anew for every command.
-struct MainWindowController::ComposeSettings {
-    bool useASClass = false;
+} // namespace
+
+MainWindowController::BusyScope::BusyScope(MainWindowController &controller)
+    : m_controller(controller)
+{
+    m_controller.m_commandRunning = true;
+    m_controller.updateBusy();
+}
+
+MainWindowController::BusyScope::~BusyScope()
+{
+    // Input that came meanwhile was only kept back. Now, with everything still disabled, it comes to nothing; later, a
+    // second press would carry out what nobody asked for twice.
+    QCoreApplication::processEvents();
+    m_controller.m_commandRunning = false;
+    m_controller.updateBusy();
+}
+
+QString MainWindowController::MailSettings::accountNameIn(const UserDefaults &defaults)
+{
+    const QVariant account = defaults.objectForKey(SettingsKeys::emailAccountToUse);
+    return account.isValid() ? account.toString() : noAccountChosen;
+}
+
+std::optional<QString> MainWindowController::MailSettings::tagline(const QString &key) const
+{
+    return includeTagline ? std::optional(localizedString(key)) : std::nullopt;
+}
+
+MessageDraft MainWindowController::MailSettings::draftOf(const std::optional<FileURL> &recording) const
+{
+    return MessageDraft::forRecording(body, tagline(taglineKey), recording);
+}
+
+struct MainWindowController::ComposeSettings : MailSettings {
     QString subject;
-    QString accountName;
-    QString body;
-    bool includeTagline = false;
 
     static ComposeSettings read(const UserDefaults &defaults)
     {
         ComposeSettings settings;
         settings.useASClass = defaults.boolForKey(SettingsKeys::useASClass);
         settings.subject = defaults.objectForKey(SettingsKeys::tNewMessageSubject).toString();
-        const QVariant account = defaults.objectForKey(SettingsKeys::emailAccountToUse);
-        settings.accountName = account.isValid() ? account.toString() : noAccountChosen;
+        settings.accountName = accountNameIn(defaults);
         settings.body = defaults.objectForKey(SettingsKeys::tNewMessageBody).toString();
         settings.includeTagline = defaults.boolForKey(SettingsKeys::bIncludeTagline);
         return settings;
-    }
-
-    std::optional<QString> tagline(const QString &key) const
-    {
-        return includeTagline ? std::optional(localizedString(key)) : std::nullopt;
     }
 };
 
@@ -78,42 +96,44 @@ void MainWindowController::mailComposeNewMessage()
     if (m_attachmentName.isNull())
         composeRecording(settings);
     else
-        composeChosenFile(settings);
+        useChosenFile(settings, [&](const MessageDraft &draft) { createMessage(settings, draft); });
 }
 
 void MainWindowController::composeRecording(const ComposeSettings &settings)
 {
-    if (!waitForFinishedRecording())
-        return;
-    const std::optional<FileURL> recording = recordingFile();
     // A list of one path cannot be made without a path: there the command ends.
-    if (settings.useASClass && !recording) {
+    if (settings.useASClass && !recordingFile()) {
         m_notices.tell(NoticePlace::Subject::Hint, tr("There is no recording to send yet."));
         return;
     }
-    const FolderURL folder = m_audioRecorder ? m_audioRecorder->dirURL() : FolderURL();
-    folder.startAccessingSecurityScopedResource();
-    createMessage(settings, MessageDraft::forRecording(settings.body, settings.tagline(taglineKey), recording));
-    folder.stopAccessingSecurityScopedResource();
+    useRecording([&](const std::optional<FileURL> &recording) { createMessage(settings, settings.draftOf(recording)); });
+}
+
+void MainWindowController::useRecording(const std::function<void(const std::optional<FileURL> &)> &handOver)
+{
+    if (!waitForFinishedRecording())
+        return;
+    {
+        const FolderAccess access(m_audioRecorder ? m_audioRecorder->dirURL() : FolderURL());
+        handOver(recordingFile());
+    }
     setRecordingExists(false);
     setRecordingTime(currentRecordingTime());
     removeAttachmentMenuSelection();
     updateStatusNotice();
 }
 
-void MainWindowController::composeChosenFile(const ComposeSettings &settings)
+void MainWindowController::useChosenFile(const MailSettings &settings,
+                                         const std::function<void(const MessageDraft &)> &handOver)
 {
     Error unused; // the look-up's own log reads the slot
     const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(&unused);
-    std::optional<FileURL> file;
-    if (folder) {
-        folder->startAccessingSecurityScopedResource();
-        file = folder->appendingPathComponent(m_attachmentName);
+    {
+        const FolderAccess access(folder.value_or(FolderURL()));
+        const std::optional<FileURL> file =
+            folder ? std::optional(folder->appendingPathComponent(m_attachmentName)) : std::nullopt;
+        handOver(MessageDraft::forChosenFile(file, settings.tagline(taglineKey), settings.tagline(textTaglineKey)));
     }
-    createMessage(settings, MessageDraft::forChosenFile(file, settings.tagline(taglineKey),
-                                                        settings.tagline(textTaglineKey)));
-    if (folder)
-        folder->stopAccessingSecurityScopedResource();
     removeAttachmentMenuSelection();
 }
 
@@ -173,16 +193,6 @@ void MainWindowController::updateBusy()
     // Disabled controls lost the focus to a neighbour. What has done its work leaves it to the next message.
     QWidget *next = m_focusBeforeBusy->isEnabled() ? m_focusBeforeBusy.data() : m_ui->recordButton;
     next->setFocus(Qt::OtherFocusReason);
-}
-
-void MainWindowController::mailReplyToSelectedMessages()
-{
-    m_notices.tell(NoticePlace::Subject::Hint, tr("Replies come with the next release."));
-}
-
-void MainWindowController::mailReplyAllToSelectedMessages()
-{
-    mailReplyToSelectedMessages();
 }
 
 } // namespace kest

@@ -59,6 +59,7 @@ void WindowHouse::open()
         .alertPresenter = alerts,
         .userDefaults = *settings,
         .delegate = delegate,
+        .folderContents = folderContents,
         .beep = [this] { ++beeps; },
         .finishTimeLimit = finishTimeLimit,
     });

@@ -6,6 +6,7 @@
 #include "fakes/RecordingAlertPresenter.h"
 #include "fakes/RecordingMailTransport.h"
 #include "platform/ProcessInfo.h"
+#include "platform/linux/desktop/PosixFolderContents.h"
 #include "ui/ApplicationDelegate.h"
 #include "ui/MainWindowController.h"
 
@@ -76,6 +77,7 @@ struct WindowHouse {
     MailTransport *otherMail = nullptr; ///< Used in place of `mail` when set.
     RecordingAlertPresenter alerts;
     FakeDelegate delegate;
+    PosixFolderContents folderContents;
     std::unique_ptr<UserDefaults> settings;
     int beeps = 0;
     std::chrono::milliseconds finishTimeLimit{30000};

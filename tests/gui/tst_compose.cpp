@@ -314,15 +314,6 @@ private Q_SLOTS:
         QVERIFY(!button->isEnabled());
         QVERIFY(m_house->find(QStringLiteral("Record"))->hasFocus());
     }
-
-    void repliesSayThatTheyComeLater()
-    {
-        record();
-        m_house->click(QStringLiteral("Reply All"));
-        QCOMPARE(m_house->notice(), QStringLiteral("Replies come with the next release."));
-        QVERIFY(controller().recordingActive());
-        QVERIFY(m_house->mail.calls.isEmpty());
-    }
 };
 
 QTEST_MAIN(TestCompose)

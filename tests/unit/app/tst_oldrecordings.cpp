@@ -38,6 +38,7 @@ public:
         return entries;
     }
     bool removeItem(const FileURL &atURL, Error *) override { return take(deleted, atURL); }
+    bool moveItem(const FileURL &, const FileURL &, Error *) override { return false; } // the clean-up never moves
     bool trashItem(const FileURL &atURL, Error *) override { return take(trashed, atURL); }
 
     void add(const char *name, FileTime made) { entries.push_back({name, made}); }

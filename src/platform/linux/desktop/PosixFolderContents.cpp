@@ -1,11 +1,13 @@
 #include "platform/linux/desktop/PosixFolderContents.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
 #include <memory>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace kest {
 
@@ -24,6 +26,28 @@ std::optional<FileTime> creationDate(int folder, const char *name)
     if (birth.tv_sec == 0 && birth.tv_nsec == 0)
         return {};
     return FileTime(std::chrono::seconds(birth.tv_sec) + std::chrono::nanoseconds(birth.tv_nsec));
+}
+
+/// As rename(2), but fails with EEXIST where that would replace something.
+bool renameWithoutReplacing(const QByteArray &from, const QByteArray &to)
+{
+    // Within a path a NUL would end it: the file would get another name than the one asked for.
+    errno = EINVAL;
+    if (from.contains('\0') || to.contains('\0'))
+        return false;
+    if (::renameat2(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), RENAME_NOREPLACE) == 0)
+        return true;
+    if (errno != EINVAL && errno != ENOSYS)
+        return false;
+    // Some network file systems cannot promise that. A link never replaces anything on any of them.
+    if (::link(from.constData(), to.constData()) != 0)
+        return false;
+    if (::unlink(from.constData()) == 0)
+        return true;
+    const int reason = errno;
+    ::unlink(to.constData());
+    errno = reason;
+    return false;
 }
 
 } // namespace
@@ -53,6 +77,14 @@ bool PosixFolderContents::removeItem(const FileURL &atURL, Error *error)
         return true;
     handBack(error, posixError(failure.value(), QStringLiteral("\u201c%1\u201d could not be deleted")
                                                     .arg(atURL.displayPath())));
+    return false;
+}
+
+bool PosixFolderContents::moveItem(const FileURL &atURL, const FileURL &toURL, Error *error)
+{
+    if (renameWithoutReplacing(atURL.nativePath(), toURL.nativePath()))
+        return true;
+    handBack(error, posixError(errno, QStringLiteral("\u201c%1\u201d could not be moved").arg(atURL.displayPath())));
     return false;
 }
 

@@ -18,6 +18,7 @@ class PosixFolderContents : public FolderContents
 public:
     std::vector<FolderEntry> contentsOfDirectory(const FolderURL &folder, Error *error) override;
     bool removeItem(const FileURL &atURL, Error *error) override;
+    bool moveItem(const FileURL &atURL, const FileURL &toURL, Error *error) override;
 };
 
 } // namespace kest
