@@ -42,7 +42,7 @@ PulseSource source(const char *name, const char *monitorOf = nullptr)
     PulseSource made;
     made.name = name;
     made.isMonitor = monitorOf != nullptr;
-    made.monitorOfName = monitorOf;
+    made.monitorOfName = monitorOf ? monitorOf : "";
     return made;
 }
 
@@ -228,7 +228,7 @@ void CaptureTest::unreadableFileIsNotTakenForFinished()
 void CaptureTest::microphoneIsTheDefaultSource()
 {
     const PulseSources known = {true, "b", "sink", {source("a"), source("b"), source("sink.monitor", "sink")}};
-    QCOMPARE(known.microphone()->name, "b");
+    QCOMPARE(known.microphone()->name, std::string("b"));
 }
 
 void CaptureTest::fallbackMonitorIsNoMicrophone()
@@ -240,9 +240,9 @@ void CaptureTest::fallbackMonitorIsNoMicrophone()
 void CaptureTest::chosenMonitorIsAMicrophone()
 {
     const PulseSources besideMicrophone = {true, "sink.monitor", "sink", {source("sink.monitor", "sink"), source("a")}};
-    QCOMPARE(besideMicrophone.microphone()->name, "sink.monitor");
+    QCOMPARE(besideMicrophone.microphone()->name, std::string("sink.monitor"));
     const PulseSources otherSink = {true, "two.monitor", "one", {source("one.monitor", "one"), source("two.monitor", "two")}};
-    QCOMPARE(otherSink.microphone()->name, "two.monitor");
+    QCOMPARE(otherSink.microphone()->name, std::string("two.monitor"));
 }
 
 void CaptureTest::nameOfNoSourceIsNoMicrophone()

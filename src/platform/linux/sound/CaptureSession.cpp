@@ -134,7 +134,7 @@ void CaptureSession::streamLost()
     // When the server dies, its streams fail first; the context tells in a moment.
     if (m_context->handle() && pa_context_get_state(m_context->handle()) != PA_CONTEXT_READY)
         return;
-    fail(RecordingTrouble::MicrophoneLost, m_stream->source().description);
+    fail(RecordingTrouble::MicrophoneLost, microphoneName());
 }
 
 void CaptureSession::samplesCaptured(const float *samples, qsizetype count, MonotonicTime start)
@@ -171,7 +171,7 @@ void CaptureSession::watch()
     }
     m_watch->setSingleShot(m_stopBy ? int((m_stopBy - now) / millisecond) + 1 : watchMilliseconds);
     if (const auto trouble = troubleOfWaiting(now - m_waitingSince))
-        fail(*trouble, m_stream ? m_stream->source().description : QString());
+        fail(*trouble, microphoneName());
 }
 
 std::optional<RecordingTrouble> CaptureSession::troubleOfWaiting(qint64 waited) const
@@ -181,6 +181,11 @@ std::optional<RecordingTrouble> CaptureSession::troubleOfWaiting(qint64 waited) 
     if (!m_context->isReady())
         return waited > serverPatience ? std::optional(RecordingTrouble::NoSoundServer) : std::nullopt;
     return waited > microphonePatience ? std::optional(RecordingTrouble::NoMicrophone) : std::nullopt;
+}
+
+QString CaptureSession::microphoneName() const
+{
+    return m_stream ? QString::fromStdString(m_stream->source().description) : QString();
 }
 
 void CaptureSession::fail(RecordingTrouble trouble, const QString &detail)

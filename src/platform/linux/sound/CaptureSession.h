@@ -73,6 +73,7 @@ private:
     void keep(const float *samples, qsizetype count);
     void watch();
     std::optional<RecordingTrouble> troubleOfWaiting(qint64 waited) const;
+    QString microphoneName() const;
     void fail(RecordingTrouble trouble, const QString &detail = {});
     void end();
 

@@ -42,7 +42,7 @@ bool CaptureStream::open()
     // middle of a recording that would be silent, and cannot be told from a move that a person makes.
     constexpr int flags = PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE
         | PA_STREAM_INTERPOLATE_TIMING;
-    return pa_stream_connect_record(m_stream, m_source.name.constData(), &buffer, pa_stream_flags_t(flags)) == 0;
+    return pa_stream_connect_record(m_stream, m_source.name.c_str(), &buffer, pa_stream_flags_t(flags)) == 0;
 }
 
 void CaptureStream::stateChanged()

@@ -24,6 +24,11 @@ void unrefOperation(pa_operation *operation)
         pa_operation_unref(operation);
 }
 
+std::string textOf(const char *announced)
+{
+    return announced ? announced : std::string();
+}
+
 } // namespace
 
 PulseContext::PulseContext(QString applicationName) : m_applicationName(std::move(applicationName))
@@ -156,8 +161,8 @@ void PulseContext::takeServerInfo(const pa_server_info *info)
     if (!m_context || !info)
         return;
     m_collected.connected = true;
-    m_collected.defaultSource = info->default_source_name;
-    m_collected.defaultSink = info->default_sink_name;
+    m_collected.defaultSource = textOf(info->default_source_name);
+    m_collected.defaultSink = textOf(info->default_sink_name);
     unrefOperation(pa_context_get_source_info_list(
         m_context,
         [](pa_context *, const pa_source_info *source, int end, void *self) {
@@ -174,13 +179,13 @@ void PulseContext::takeSource(const pa_source_info *info)
 {
     PulseSource source;
     source.index = info->index;
-    source.name = info->name;
-    source.description = QString::fromUtf8(info->description);
+    source.name = textOf(info->name);
+    source.description = textOf(info->description);
     source.channels = info->channel_map;
     source.isMonitor = info->monitor_of_sink != PA_INVALID_INDEX;
     source.monitorOf = info->monitor_of_sink;
-    source.monitorOfName = info->monitor_of_sink_name;
-    m_collected.sources.append(source);
+    source.monitorOfName = textOf(info->monitor_of_sink_name);
+    m_collected.sources.push_back(std::move(source));
 }
 
 void PulseContext::publish()

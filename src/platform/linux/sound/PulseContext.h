@@ -7,6 +7,8 @@
 #include <pulse/introspect.h>
 #include <pulse/subscribe.h>
 
+#include <QString>
+
 #include <memory>
 #include <mutex>
 #include <vector>

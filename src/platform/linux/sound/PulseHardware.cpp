@@ -55,7 +55,7 @@ qint32 PulseHardware::propertyData(quint32 object, const AudioPropertyAddress &a
     const PulseSource *source = object >= firstDevice ? known.find(object - firstDevice) : nullptr;
     if (!source)
         return badObject;
-    *value = source->description;
+    *value = QString::fromStdString(source->description);
     return success;
 }
 

@@ -15,7 +15,7 @@ std::optional<PulseSource> PulseSources::microphone() const
 {
     const auto found = std::find_if(sources.cbegin(), sources.cend(),
                                     [this](const PulseSource &source) { return source.name == defaultSource; });
-    if (!connected || defaultSource.isEmpty() || found == sources.cend())
+    if (!connected || defaultSource.empty() || found == sources.cend())
         return std::nullopt;
     if (!found->isMonitor || found->monitorOfName != defaultSink)
         return *found;

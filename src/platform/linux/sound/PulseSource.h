@@ -1,33 +1,35 @@
 #pragma once
 
-#include <QByteArray>
-#include <QList>
-#include <QString>
+#include <QtGlobal>
 
 #include <pulse/channelmap.h>
 #include <pulse/sample.h>
 
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace kest {
 
-/// One source of the sound server, as last announced.
+/// One source of the sound server, as last announced. Names are UTF-8.
+///
+/// A copy shares nothing with its original, so that each thread's is its own.
 struct PulseSource {
     quint32 index = 0;
-    QByteArray name;     ///< The server's own name, unique at a time.
-    QString description; ///< For people.
+    std::string name;        ///< The server's own name, unique at a time.
+    std::string description; ///< For people.
     pa_channel_map channels = {};
-    bool isMonitor = false;  ///< Hears what a sink plays.
-    quint32 monitorOf = 0;   ///< The sink's index, for a monitor.
-    QByteArray monitorOfName;
+    bool isMonitor = false; ///< Hears what a sink plays.
+    quint32 monitorOf = 0;  ///< The sink's index, for a monitor.
+    std::string monitorOfName;
 };
 
 /// What the sound server last announced.
 struct PulseSources {
     bool connected = false;
-    QByteArray defaultSource; ///< Empty, or a name that need not exist.
-    QByteArray defaultSink;
-    QList<PulseSource> sources;
+    std::string defaultSource; ///< Empty, or a name that need not exist.
+    std::string defaultSink;
+    std::vector<PulseSource> sources;
 
     const PulseSource *find(quint32 index) const;
 
