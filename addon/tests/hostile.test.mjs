@@ -54,17 +54,18 @@ function randomFrom(seed) {
 }
 
 /** The value with something in it replaced, taken away or added. */
-function broken(value, random) {
-  if (value === null || typeof value !== "object" || random(4) === 0) {
+function broken(whole, random) {
+  if (whole === null || typeof whole !== "object" || random(4) === 0) {
     return ODD[random(ODD.length)];
   }
-  const copy = Array.isArray(value) ? [...value] : { ...value };
+  const copy = Array.isArray(whole) ? [...whole] : { ...whole };
   const keys = Object.keys(copy);
   const key = keys.length && random(6) ? keys[random(keys.length)] : String(ODD[random(ODD.length)]);
   if (random(8) === 0) {
     delete copy[key];
   } else {
-    copy[key] = broken(copy[key], random);
+    const value = Object.hasOwn(copy, key) ? copy[key] : null;
+    Object.defineProperty(copy, key, { value: broken(value, random), configurable: true, enumerable: true, writable: true });
   }
   return copy;
 }
@@ -93,6 +94,7 @@ test("whatever the host sends, every call is answered once and nothing is thrown
     for (let change = random(3); change >= 0; change--) {
       message = broken(message, random);
     }
+    message = JSON.parse(JSON.stringify(message) ?? "null"); // as it comes through the browser
     const isCall = message?.call === 1 && !message.hello && typeof message.piece !== "string"
       && message.chunk === undefined && message.drop === undefined;
     if (isCall) {
