@@ -14,6 +14,10 @@ kest_mail_endtoend(mail_attachments)
 kest_mail_endtoend(mail_losses)
 kest_mail_endtoend(mail_install)
 
+# Kest's own window beside it, answering what lies there.
+kest_mail_endtoend(window_replies)
+set_tests_properties(endtoend.window_replies PROPERTIES TIMEOUT 600)
+
 # What every mail application that serves org.kest.Mail1 must do, asked of the real one.
 add_test(NAME endtoend.mailcontract_thunderbird
   COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/with_services.py --thunderbird

@@ -55,8 +55,8 @@ class KestProgram:
     def control(self, name, seconds=10):
         return self.person.find(self.root, name, seconds=seconds)
 
-    def click(self, name):
-        self.person.click(self.control(name))
+    def click(self, name, seconds=10):
+        self.person.click(self.control(name, seconds))
 
     def come_back(self):
         """Kest is started again, as a person does who misses its window: the running one comes to the front."""

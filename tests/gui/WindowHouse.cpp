@@ -69,7 +69,7 @@ void WindowHouse::openAndShow()
 {
     open();
     controller->showWindow();
-    if (!QTest::qWaitForWindowActive(controller->window()))
+    if (!QTest::qWaitForWindowActive(controller->window(), 30000))
         qFatal("the window did not become active");
 }
 

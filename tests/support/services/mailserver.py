@@ -87,11 +87,13 @@ class MailServer:
         self.outbox.mkdir()
         self.refuse = None
         self.delay = 0
+        self.taken = 0
         self.imap_port = free_port()
         # Beside the sandbox's own folder: that one is closed to the unprivileged user that Dovecot runs as.
         self.folder = Path(tempfile.mkdtemp(prefix="kest-mail-", dir="/tmp"))
+        self.smtp_port = free_port()
         self._start_imap()
-        self._start_smtp()
+        self.start_smtp()
         sandbox.env["KEST_SENT_MAIL"] = str(self.outbox)
         sandbox.at_close.append(self.close)
 
@@ -122,10 +124,16 @@ class MailServer:
         except OSError:
             return False
 
-    def _start_smtp(self):
-        self.smtp_port = free_port()
+    def start_smtp(self):
+        """Also after `stop_smtp`, on the same port."""
         self.smtp = Controller(_Sink(self), hostname="127.0.0.1", port=self.smtp_port, data_size_limit=96 * 1024 * 1024)
         self.smtp.start()
+
+    def stop_smtp(self):
+        """From now on nobody listens there."""
+        if self.smtp:
+            self.smtp.stop()
+            self.smtp = None
 
     def put(self, user, message, folder=""):
         """Delivers a message (EmailMessage or bytes) into a mailbox; Thunderbird sees it at its next look."""
@@ -164,7 +172,7 @@ class MailServer:
 
     def close(self):
         """Called at the sandbox's end."""
-        self.smtp.stop()
+        self.stop_smtp()
         self.sandbox.stop(self.imap)
         shutil.rmtree(self.folder, ignore_errors=True)
 
@@ -179,7 +187,6 @@ class _Sink:
 
     def __init__(self, server):
         self.server = server
-        self.count = 0
 
     async def handle_DATA(self, _server, _session, envelope):
         import asyncio
@@ -187,8 +194,8 @@ class _Sink:
             await asyncio.sleep(self.server.delay)
         if self.server.refuse:
             return self.server.refuse
-        self.count += 1
-        path = self.server.outbox / f"{self.count:03}.eml"
+        self.server.taken += 1
+        path = self.server.outbox / f"{self.server.taken:03}.eml"
         temporary = path.with_suffix(".part")
         temporary.write_bytes(envelope.original_content)
         temporary.rename(path)

@@ -167,7 +167,7 @@ class Thunderbird:
             ["dbus-send", "--session", "--print-reply=literal", "--dest=org.freedesktop.DBus", "/org/freedesktop/DBus",
              "org.freedesktop.DBus.NameHasOwner", f"string:{BUS_NAME}"]).strip().endswith("true")
 
-    def wait_ready(self, seconds=40):
+    def wait_ready(self, seconds=120):
         """Until its main window is there and the host answers on the bus."""
         wait_until(self.on_bus, f"{BUS_NAME} on the bus", seconds, every=0.05)
         wait_until(lambda: self.windows("Mozilla Thunderbird"), "Thunderbird's main window", seconds, every=0.05)
@@ -220,7 +220,7 @@ class Thunderbird:
                               text=True, timeout=10)
         return "thunderbird" in done.stdout
 
-    def wait_window(self, title, seconds=15):
+    def wait_window(self, title, seconds=60):
         return wait_until(lambda: self.windows(title), f"a Thunderbird window “{title}”", seconds, every=0.05)[-1]
 
     def raise_window(self, title):
@@ -238,10 +238,10 @@ class Thunderbird:
 
         `bus` (a MailBus) says what is selected; `messages` is how many must have arrived.
         """
-        window = self.wait_window("Inbox - ", 30)
+        window = self.wait_window("Inbox - ", 120)
         self.raise_window("Inbox - ")
-        wait_until(lambda: self._click_first(window, bus), "the inbox's first message to be selected", 30, every=0.1)
-        wait_until(lambda: self.select_all(bus) >= messages, f"{messages} messages in the inbox", 30, every=0.1)
+        wait_until(lambda: self._click_first(window, bus), "the inbox's first message to be selected", 120, every=0.1)
+        wait_until(lambda: self.select_all(bus) >= messages, f"{messages} messages in the inbox", 120, every=0.1)
         self.select_first(bus)
 
     def _click_first(self, window, bus):
@@ -263,7 +263,7 @@ class Thunderbird:
     def send_from_window(self, title):
         """Sends the message of a compose window as a person does, and waits for the window to go."""
         self.press(title, "ctrl+Return")
-        wait_until(lambda: not self.windows(title), f"the window “{title}” to close after sending", 20, every=0.05)
+        wait_until(lambda: not self.windows(title), f"the window “{title}” to close after sending", 60, every=0.05)
 
     def answer_prompt(self, title, *keys):
         """Presses keys in a prompt with that title when it comes, while the caller goes on."""
