@@ -21,7 +21,7 @@ BACK_ENDS = ("script", "bridge")
 class ReplyCase(MailCase):
     """Each answer begins with a Kest of its own, started with the settings of the test."""
 
-    first_date = email.utils.localtime() - datetime.timedelta(hours=2)
+    first_date = email.utils.localtime()
 
     @classmethod
     def setUpClass(cls):
@@ -36,8 +36,8 @@ class ReplyCase(MailCase):
     def put(cls, sender, to, subject, text, html=None, **headers):
         """Delivers an original, and remembers its Message-ID by its subject."""
         mail = message(sender, to, subject, text, **headers)
-        # The view's order is that of the dates, which count in seconds.
-        mail.replace_header("Date", cls.first_date + datetime.timedelta(minutes=len(getattr(cls, "ids", {}))))
+        # Thunderbird lists the newest first: what is put first is to stand at the top.
+        mail.replace_header("Date", cls.first_date - datetime.timedelta(minutes=len(getattr(cls, "ids", {}))))
         if html:
             mail.add_alternative(html, subtype="html")
         cls.mail.put("anna", mail)
