@@ -48,11 +48,19 @@ bool RecorderBench::waitUntilConnected()
     });
 }
 
-bool RecorderBench::recordFor(double seconds)
+bool RecorderBench::startRecording(double seconds)
 {
     make();
-    if (!recorder->prepareToRecord() || !recorder->record() || !waitForCapture(seconds))
-        return false;
+    return recorder->prepareToRecord() && recorder->record() && waitForCapture(seconds);
+}
+
+bool RecorderBench::recordFor(double seconds)
+{
+    return startRecording(seconds) && stopRecording();
+}
+
+bool RecorderBench::stopRecording()
+{
     recorder->stop();
     return waitUntilFinished() && finished->first().first().toBool();
 }

@@ -27,8 +27,12 @@ public:
     /// Waits for the connection to the server.
     bool waitUntilConnected();
 
-    /// Records until `seconds` are captured, stops, waits until it is finished.
+    /// Makes a recorder and has it record until `seconds` are captured.
+    bool startRecording(double seconds = 0);
+
+    /// The same, then stops and waits until it is finished.
     bool recordFor(double seconds);
+    bool stopRecording();
     bool waitForCapture(double seconds, int milliseconds = 10'000);
     bool waitUntilFinished(int milliseconds = 10'000);
 

@@ -81,10 +81,8 @@ void InputLevelTest::sineReadsItsPower()
     QFETCH(double, expected);
     const VirtualMicrophone microphone(addDefault("kest_level", "Level Mic", channels), sine(1000, peak), channels, ahead);
     RecorderBench bench;
-    AudioFileRecorder &recorder = bench.make();
-    recorder.prepareToRecord();
-    recorder.record();
-    QVERIFY(bench.waitForCapture(0.5));
+    QVERIFY(bench.startRecording(0.5));
+    AudioFileRecorder &recorder = *bench.recorder;
     recorder.updateMeters();
     QVERIFY2(std::fabs(recorder.averagePower(0) - expected) <= 0.2, QByteArray::number(recorder.averagePower(0)).constData());
     QCOMPARE(recorder.averagePower(1), -160.0F);
@@ -99,12 +97,7 @@ void InputLevelTest::stereoIsAveragedAndNotClipped()
     const VirtualMicrophone microphone(addDefault("kest_stereo", "Stereo Mic", 2), signal, 2, ahead);
     const auto tee = std::make_shared<TeeEncoder>();
     RecorderBench bench(tee);
-    AudioFileRecorder &recorder = bench.make();
-    recorder.prepareToRecord();
-    recorder.record();
-    QVERIFY(bench.waitForCapture(0.5));
-    recorder.stop();
-    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.recordFor(0.5));
     const auto &samples = tee->samples();
     const auto [lowest, highest] = std::minmax_element(samples.begin() + 4410, samples.end());
     QVERIFY2(std::fabs(*highest - 0.95F) < 0.01F, QByteArray::number(*highest).constData());
@@ -123,8 +116,7 @@ void InputLevelTest::meterIsSilentWhenNothingIsRecorded()
     QVERIFY(bench.waitForCapture(0.3));
     recorder.updateMeters();
     QVERIFY(recorder.averagePower(0) > -20.0F);
-    recorder.stop();
-    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.stopRecording());
     recorder.updateMeters();
     QCOMPARE(recorder.averagePower(0), -160.0F);
 }

@@ -238,10 +238,7 @@ void RecordingCrashTest::recordingKilledBeforeItBeganLeavesNothing()
 void RecordingCrashTest::destroyedRecorderFinishesItsFile()
 {
     RecorderBench bench;
-    bench.make();
-    bench.recorder->prepareToRecord();
-    bench.recorder->record();
-    QVERIFY(bench.waitForCapture(0.5));
+    QVERIFY(bench.startRecording(0.5));
     const FileURL recorded = bench.recorder->url();
     bench.recorder.reset();
     QVERIFY(bench.sound.recorderFactory->waitForFinished(plentyMilliseconds));
@@ -252,16 +249,12 @@ void RecordingCrashTest::destroyedRecorderFinishesItsFile()
 void RecordingCrashTest::folderRenamedWhileRecordingKeepsItsFile()
 {
     RecorderBench bench(nullptr, m_root->filePath(QStringLiteral("Recordings")).toLocal8Bit());
-    bench.make();
-    bench.recorder->prepareToRecord();
-    bench.recorder->record();
-    QVERIFY(bench.waitForCapture(0.3));
+    QVERIFY(bench.startRecording(0.3));
     QVERIFY(QDir(m_root->path()).rename(QStringLiteral("Recordings"), QStringLiteral("Elsewhere")));
     QVERIFY(QFile::rename(m_root->filePath(QStringLiteral("Elsewhere/message.m4a")),
                           m_root->filePath(QStringLiteral("Elsewhere/renamed.m4a"))));
     QVERIFY(bench.waitForCapture(0.6));
-    bench.recorder->stop();
-    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.stopRecording());
     const FileURL now = FileURL::fromPath(m_root->filePath(QStringLiteral("Elsewhere/renamed.m4a")));
     QCOMPARE(bench.recorder->url(), now);
     verifyOrdinary(now);

@@ -73,6 +73,19 @@ private:
     QProcess m_program;
 };
 
+/// A recording of a microphone that speaks low, or loud while it is told to.
+struct TwoVoices {
+    std::atomic<bool> loud = false;
+    VirtualMicrophone microphone{[this](qint64, int) { return loud ? 0.9F : 0.1F; }};
+    std::shared_ptr<TeeEncoder> tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench{tee};
+
+    qint64 loudSamples() const
+    {
+        return std::count_if(tee->samples().begin(), tee->samples().end(), [](float sample) { return sample > 0.5F; });
+    }
+};
+
 } // namespace
 
 /// Pauses and presses: which samples are in the recording. The microphone says
@@ -113,8 +126,7 @@ void RecordingPausesTest::aHundredPausesLoseAndDoubleNothing()
         recorder.pause();
         QTest::qWait(isPipeWire() ? 30 : 5);
     }
-    recorder.stop();
-    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.stopRecording());
     QVERIFY(bench.trouble->isEmpty());
 
     const std::vector<float> &samples = tee->samples();
@@ -129,27 +141,21 @@ void RecordingPausesTest::aHundredPausesLoseAndDoubleNothing()
 
 void RecordingPausesTest::nothingBetweenPauseAndResumeIsKept()
 {
-    std::atomic<bool> secret = false;
-    const VirtualMicrophone microphone([&](qint64, int) { return secret ? 0.9F : 0.1F; });
-    const auto tee = std::make_shared<TeeEncoder>();
-    RecorderBench bench(tee);
-    AudioFileRecorder &recorder = bench.make();
-    recorder.prepareToRecord();
-    recorder.record();
-    QVERIFY(bench.waitForCapture(0.5));
+    TwoVoices scene;
+    QVERIFY(scene.bench.startRecording(0.5));
+    AudioFileRecorder &recorder = *scene.bench.recorder;
     recorder.pause();
     QTest::qWait(guardMilliseconds());
     const double before = recorder.currentTime();
-    secret = true;
+    scene.loud = true;
     QTest::qWait(400);
     QCOMPARE(recorder.currentTime(), before);
-    secret = false;
+    scene.loud = false;
     QTest::qWait(guardMilliseconds());
     recorder.record();
-    QVERIFY(bench.waitForCapture(before + 0.5));
-    recorder.stop();
-    QVERIFY(bench.waitUntilFinished());
-    QVERIFY(std::none_of(tee->samples().begin(), tee->samples().end(), [](float sample) { return sample > 0.5F; }));
+    QVERIFY(scene.bench.waitForCapture(before + 0.5));
+    QVERIFY(scene.bench.stopRecording());
+    QCOMPARE(scene.loudSamples(), 0);
 }
 
 void RecordingPausesTest::nothingSaidAfterRecordIsLost()
@@ -165,8 +171,7 @@ void RecordingPausesTest::nothingSaidAfterRecordIsLost()
     QVERIFY(recorder.prepareToRecord());
     QVERIFY(recorder.record());
     QVERIFY(bench.waitForCapture(0.3));
-    recorder.stop();
-    QVERIFY(bench.waitUntilFinished());
+    QVERIFY(bench.stopRecording());
     // The microphone speaks in blocks; the one on its way at the press may count as said before or after it.
     int missing = counterValue(tee->samples().front()) - int(pressed % counterPeriod);
     if (missing > counterPeriod / 2)
@@ -179,20 +184,13 @@ void RecordingPausesTest::nothingSaidAfterRecordIsLost()
 
 void RecordingPausesTest::stopKeepsWhatWasSaidBefore()
 {
-    std::atomic<bool> stopping = false;
-    const VirtualMicrophone microphone([&](qint64, int) { return stopping ? 0.5F : 0.1F; });
-    const auto tee = std::make_shared<TeeEncoder>();
-    RecorderBench bench(tee);
-    AudioFileRecorder &recorder = bench.make();
-    recorder.prepareToRecord();
-    recorder.record();
-    QVERIFY(bench.waitForCapture(0.5));
-    stopping = true;
+    TwoVoices scene;
+    QVERIFY(scene.bench.startRecording(0.5));
+    scene.loud = true;
     QTest::qWait(guardMilliseconds()); // the last word is said, and still on its way when Stop is pressed
-    recorder.stop();
-    QVERIFY(bench.waitUntilFinished());
-    const auto last = std::count_if(tee->samples().begin(), tee->samples().end(), [](float s) { return s > 0.3F; });
-    QVERIFY2(last > 44100 / (isPipeWire() ? 100 : 10), QByteArray::number(qint64(last)).constData());
+    QVERIFY(scene.bench.stopRecording());
+    const qint64 last = scene.loudSamples();
+    QVERIFY2(last > 44100 / (isPipeWire() ? 100 : 10), QByteArray::number(last).constData());
 }
 
 void RecordingPausesTest::commandsOutOfOrderDoNothing()
