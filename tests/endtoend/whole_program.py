@@ -1,6 +1,8 @@
 #!/usr/bin/python3
-"""The running program when things go wrong round it: the microphone, the sound server, the mail application, itself."""
+"""The running program when things go wrong round it: the microphone, the sound server, the disk, the mail application,
+itself."""
 
+import contextlib
 import os
 import subprocess
 import sys
@@ -22,6 +24,15 @@ from services.thunderbird import Thunderbird  # noqa: E402
 
 BUILD = Path(os.environ["KEST_BUILD_DIR"])
 SECOND_OF_SILENCE = bytes(2 * 44100)
+
+
+def fill(path):
+    """Writes into a file until the disk is full."""
+    with open(path, "ab", buffering=0) as filler:
+        for size in (4096, 64):
+            with contextlib.suppress(OSError):
+                while filler.write(bytes(size)):
+                    pass
 
 
 def seconds_of(path):
@@ -112,6 +123,19 @@ class WholeProgram(unittest.TestCase):
         self.kest.wait_for_notice("sound", seconds=2)
         wait_until(lambda: not self.kest.recordings(), "no broken file to stay")
         self.kest.quit()
+
+    # The disk
+
+    def test_a_full_disk_is_said_and_the_recording_kept(self):
+        folder = self.kest.recordings_folder
+        folder.mkdir(parents=True)
+        self.sandbox.run(["mount", "-t", "tmpfs", "-o", "size=1m", "small-disk", folder])
+        self.addCleanup(self.sandbox.run, ["umount", "--lazy", folder])
+        self.kest.start()
+        self.record(2)
+        fill(folder / "filler")
+        self.kest.wait_for_notice("The disk is full", seconds=2)
+        self.assertGreater(seconds_of(self.kest.only_recording()), 1.0)
 
     # The mail application
 

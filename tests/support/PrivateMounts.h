@@ -34,6 +34,14 @@ inline bool enterPrivateMounts()
     return ::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
+/// The same for a test that is nothing without them: ends in words where this
+/// machine refuses.
+inline void requirePrivateMounts()
+{
+    if (!enterPrivateMounts())
+        qFatal("This machine lets no process have mounts of its own");
+}
+
 /// Makes permissions bind this process also when it is root's.
 inline bool dropCapabilities()
 {
@@ -63,12 +71,15 @@ public:
     bool makeReadOnly() { return ::mount(nullptr, m_at.constData(), nullptr, MS_REMOUNT | MS_RDONLY, nullptr) == 0; }
     bool makeWritable() { return ::mount(nullptr, m_at.constData(), nullptr, MS_REMOUNT, nullptr) == 0; }
 
-    /// Fills what room is left.
-    void fill() const
+    /// Fills what room there is, but for `leaving` bytes.
+    void fill(qint64 leaving = 0) const
     {
         const int fd = ::open((m_at + "/filler").constData(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
         const QByteArray block(512, 'x');
         while (fd >= 0 && ::write(fd, block.constData(), static_cast<size_t>(block.size())) > 0) { }
+        const off_t end = ::lseek(fd, 0, SEEK_END);
+        if (leaving > 0 && ::ftruncate(fd, end - leaving) != 0)
+            qFatal("cannot leave room on the small disk");
         ::close(fd);
     }
 
