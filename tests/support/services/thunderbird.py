@@ -66,20 +66,23 @@ class Thunderbird:
 
     The first account ("Anna's mail") has two identities, anna@example.test and work@example.test, the latter with a
     signature. With `second_account` there is also "Club" with club@example.test. `compose_html` says in what format
-    they write. `prefs` are added to the profile's own.
+    they write. `prefs` are added to the profile's own. With `system_addon` the add-on and the host are those that a
+    package has put into Thunderbird's own folders, and the profile says nothing about add-ons, as a person's does not.
     """
 
-    def __init__(self, sandbox, mail=None, second_account=False, compose_html=False, prefs=None, addon=True):
+    def __init__(self, sandbox, mail=None, second_account=False, compose_html=False, prefs=None, addon=True,
+                 system_addon=False):
         self.sandbox = sandbox
         self.mail = mail or MailServer(sandbox)
         self.second_account = second_account
         self.compose_html = compose_html
         self.prefs = prefs or {}
+        self.quiet = {name: value for name, value in QUIET.items() if not (system_addon and name.endswith("Scopes"))}
         self.profile = sandbox.home / ".thunderbird" / "kest.test"
         self.build = Path(os.environ["KEST_BUILD_DIR"])
         self.process = None
         self._make_profile()
-        if addon:
+        if addon and not system_addon:
             self.install_addon()
 
     # The profile
@@ -90,7 +93,7 @@ class Thunderbird:
             "[General]\nStartWithLastProfile=1\nVersion=2\n\n"
             "[Profile0]\nName=kest\nIsRelative=1\nPath=kest.test\nDefault=1\n\n"
             f"[Install{INSTALLATION}]\nDefault=kest.test\nLocked=1\n")
-        prefs = {**QUIET, **self._account_prefs(), **self.prefs}
+        prefs = {**self.quiet, **self._account_prefs(), **self.prefs}
         (self.profile / "user.js").write_text(
             "".join(f"user_pref({json.dumps(name)}, {json.dumps(value)});\n" for name, value in prefs.items()))
         self._store_passwords()
