@@ -6,6 +6,8 @@
 #include "platform/linux/sound/RecordingJobs.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
+#include <deque>
+#include <functional>
 #include <memory>
 #include <mutex>
 
@@ -42,13 +44,17 @@ public:
 private:
     enum class State { New, Prepared, Recording, Paused, Finishing, Finished };
 
+    using News = std::function<void(PulseRecorder *)>;
+
     /// Where other threads leave their news; outlives the recorder.
     struct Mailbox {
         std::mutex mutex;
         PulseRecorder *recorder = nullptr; // null when it is gone
+        std::deque<News> news;
     };
 
-    static void deliver(const std::shared_ptr<Mailbox> &mailbox, std::function<void(PulseRecorder *)> news);
+    static void deliver(const std::shared_ptr<Mailbox> &mailbox, News news);
+    Q_INVOKABLE void takeNews();
     void startJob(class RecordingFile file);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
     void tellFinished(bool kept, const FileURL &url);
