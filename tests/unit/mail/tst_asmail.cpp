@@ -1,8 +1,5 @@
-#include "fakes/RecordingAlertPresenter.h"
 #include "mail/ASMail.h"
-#include "platform/linux/mail/DBusMailTransport.h"
-#include "support/FakeMail.h"
-#include "unit/mail/MailTestFiles.h"
+#include "unit/mail/MailBackEndTest.h"
 
 #include <QJsonArray>
 #include <QtTest>
@@ -29,26 +26,18 @@ QJsonObject merged(QJsonObject one, const QJsonObject &other)
 } // namespace
 
 /// ASMail and its script against the fake mail application, over a real bus.
-class TestASMail : public QObject
+class TestASMail : public kest::test::MailBackEndTest<ASMail>
 {
     Q_OBJECT
 
 private Q_SLOTS:
     void initTestCase()
     {
-        m_fake.start();
-        m_first = m_files.write("first.m4a", "first bytes");
-        m_second = m_files.write("caf\xe9.m4a", "second bytes");
+        startFake("caf\xe9.m4a");
         ASMail::loadScriptObjects();
     }
 
-    void init()
-    {
-        m_fake.configure();
-        m_alerts.shown.clear();
-        m_transport = std::make_unique<kest::DBusMailTransport>();
-        m_mail = std::make_unique<ASMail>(*m_transport, m_alerts);
-    }
+    void init() { makeBackEnd(); }
 
     // Each way of the mail application: whole messages in one call, or only the plain vocabulary.
     void newMessageIsFilledAndShown_data() { ways(); }
@@ -332,14 +321,6 @@ private:
         const FileURL file = m_files.write("script.mjs", text);
         return std::make_unique<ASMail>(*m_transport, m_alerts, file.path());
     }
-
-    kest::test::MailTestFiles m_files;
-    FileURL m_first;
-    FileURL m_second;
-    kest::test::FakeMail m_fake;
-    kest::test::RecordingAlertPresenter m_alerts;
-    std::unique_ptr<kest::DBusMailTransport> m_transport;
-    std::unique_ptr<ASMail> m_mail;
 };
 
 QTEST_GUILESS_MAIN(TestASMail)

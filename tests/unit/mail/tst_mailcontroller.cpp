@@ -1,8 +1,5 @@
-#include "fakes/RecordingAlertPresenter.h"
 #include "mail/MailController.h"
-#include "platform/linux/mail/DBusMailTransport.h"
-#include "support/FakeMail.h"
-#include "unit/mail/MailTestFiles.h"
+#include "unit/mail/MailBackEndTest.h"
 
 #include <QJsonArray>
 #include <QtTest>
@@ -13,30 +10,18 @@ using kest::test::attachedBytes;
 using namespace Qt::StringLiterals;
 
 /// MailController against the fake mail application, over a real bus.
-class TestMailController : public QObject
+class TestMailController : public kest::test::MailBackEndTest<MailController>
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_fake.start();
-        m_first = m_files.write("first.m4a", "first bytes");
-        m_second = m_files.write("second.m4a", "second bytes");
-    }
-
-    void init()
-    {
-        m_fake.configure();
-        m_alerts.shown.clear();
-        m_transport = std::make_unique<kest::DBusMailTransport>();
-        m_controller = std::make_unique<MailController>(*m_transport, m_alerts);
-    }
+    void initTestCase() { startFake(); }
+    void init() { makeBackEnd(); }
 
     void makingTheControllerAsksNothing()
     {
-        QVERIFY(m_controller->mailApp());
-        QVERIFY(!m_controller->mailApp()->lastError());
+        QVERIFY(m_mail->mailApp());
+        QVERIFY(!m_mail->mailApp()->lastError());
         QTest::qWait(0);
         QCOMPARE(m_fake.log(), QStringList());
     }
@@ -44,8 +29,8 @@ private Q_SLOTS:
     void failedEventYieldsAnEmptyResultAndTheLastError()
     {
         m_fake.at(1, u"fail"_s, u"Failed The account list is broken."_s);
-        QCOMPARE(m_controller->mailApp()->accounts().count(), 0);
-        QCOMPARE(m_controller->mailApp()->lastError()->description, u"The account list is broken."_s);
+        QCOMPARE(m_mail->mailApp()->accounts().count(), 0);
+        QCOMPARE(m_mail->mailApp()->lastError()->description, u"The account list is broken."_s);
         QVERIFY(m_alerts.shown.isEmpty());
     }
 
@@ -53,21 +38,21 @@ private Q_SLOTS:
     {
         m_fake.at(1, u"fail"_s, u"Failed First."_s);
         m_fake.at(2, u"fail"_s, u"Failed Second."_s);
-        m_controller->mailApp()->activate();
-        m_controller->mailApp()->activate();
-        QCOMPARE(m_controller->mailApp()->lastError()->description, u"Second."_s);
-        m_controller->mailApp()->activate();
-        QVERIFY(!m_controller->mailApp()->lastError());
+        m_mail->mailApp()->activate();
+        m_mail->mailApp()->activate();
+        QCOMPARE(m_mail->mailApp()->lastError()->description, u"Second."_s);
+        m_mail->mailApp()->activate();
+        QVERIFY(!m_mail->mailApp()->lastError());
     }
 
     void delegateAnswersAFailedEventWithNothing()
     {
-        QVERIFY(!m_controller->eventDidFail({}, {}).isValid());
+        QVERIFY(!m_mail->eventDidFail({}, {}).isValid());
     }
 
     void newMessageIsMadeFilledShownAndBroughtForwardInThisOrder()
     {
-        m_controller->mailCreateMessageWithSubject(u"Subject"_s, u"Hi\n\n"_s, m_first, 4);
+        m_mail->mailCreateMessageWithSubject(u"Subject"_s, u"Hi\n\n"_s, m_first, 4);
         QCOMPARE(m_fake.log(), (QStringList{u"Application.MakeOutgoingMessage"_s, u"OutgoingMessage.InsertAttachment"_s,
                                             u"OutgoingMessage.Visible"_s, u"Application.Activate"_s}));
         const QJsonObject message = m_fake.onlyOutgoing();
@@ -83,7 +68,7 @@ private Q_SLOTS:
 
     void noAttachmentMakesAVisibleMessageWithSubjectAndBodyOnly()
     {
-        m_controller->mailCreateMessageWithSubject(u"Subject"_s, u"Body"_s, std::nullopt, 6);
+        m_mail->mailCreateMessageWithSubject(u"Subject"_s, u"Body"_s, std::nullopt, 6);
         const QJsonObject message = m_fake.onlyOutgoing();
         QCOMPARE(message[u"visible"].toBool(), true);
         QCOMPARE(message[u"content"].toString(), u"Body"_s);
@@ -93,7 +78,7 @@ private Q_SLOTS:
 
     void laterAttachmentsOfOneListLandInFrontOfEarlierOnes()
     {
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"Hello"_s, QList<FileURL>{m_first, m_second}, 3);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"Hello"_s, QList<FileURL>{m_first, m_second}, 3);
         const QJsonArray attachments = m_fake.onlyOutgoing()[u"attachments"].toArray();
         QCOMPARE(attachments.size(), 2);
         QCOMPARE(attachments[0][u"name"].toString(), u"second.m4a"_s);
@@ -104,13 +89,13 @@ private Q_SLOTS:
     void insertionIndexIsPassedOnUnchanged()
     {
         const quint64 index = std::numeric_limits<quint64>::max();
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"Hello"_s, m_first, index);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"Hello"_s, m_first, index);
         QCOMPARE(m_fake.onlyOutgoing()[u"attachments"][0][u"index"].toString(), QString::number(index));
     }
 
     void emptySubjectAndBodyArePassedOnEmpty()
     {
-        m_controller->mailCreateMessageWithSubject({}, {}, m_first, 0);
+        m_mail->mailCreateMessageWithSubject({}, {}, m_first, 0);
         const QJsonObject message = m_fake.onlyOutgoing();
         QVERIFY(message[u"subject"].isString() && message[u"subject"].toString().isEmpty());
         QVERIFY(message[u"content"].isString() && message[u"content"].toString().isEmpty());
@@ -119,8 +104,8 @@ private Q_SLOTS:
     void failureOfAnEarlierEventIsToldBeforeAnythingIsMade()
     {
         m_fake.at(1, u"fail"_s, u"Failed No selection today."_s);
-        m_controller->mailGetSelectedMessages();
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
+        m_mail->mailGetSelectedMessages();
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
         QCOMPARE(m_alerts.shown.size(), 1);
         QCOMPARE(m_alerts.shown[0].messageText, u"No selection today."_s);
         QCOMPARE(m_fake.log(), QStringList{u"Application.Selection"_s});
@@ -129,7 +114,7 @@ private Q_SLOTS:
     void failureToMakeTheMessageIsToldAndNothingElseIsDone()
     {
         m_fake.at(1, u"fail"_s, u"Failed No room for a message."_s);
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
         QCOMPARE(m_alerts.shown.size(), 1);
         QCOMPARE(m_alerts.shown[0].messageText, u"No room for a message."_s);
         QCOMPARE(m_fake.log(), QStringList{u"Application.MakeOutgoingMessage"_s});
@@ -143,7 +128,7 @@ private Q_SLOTS:
             const QJsonObject state = m_fake.state();
             wasShown = m_fake.onlyOutgoing()[u"visible"].toBool() && state[u"activations"].toInt() == 1;
         };
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
         m_alerts.whenShown = {};
         QCOMPARE(m_alerts.shown.size(), 1);
         QCOMPARE(m_alerts.shown[0].messageText, u"The file is refused."_s);
@@ -154,14 +139,14 @@ private Q_SLOTS:
     void failedInsertDoesNotKeepTheNextAttachmentOut()
     {
         m_fake.at(2, u"fail"_s, u"Failed The file is refused."_s);
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, QList<FileURL>{m_first, m_second}, 0);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, QList<FileURL>{m_first, m_second}, 0);
         QCOMPARE(m_fake.onlyOutgoing()[u"attachments"][0][u"name"].toString(), u"second.m4a"_s);
         QCOMPARE(m_alerts.shown.size(), 1);
     }
 
     void missingFileIsToldWithItsNameAfterTheMessageIsShown()
     {
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_files.at("gone.m4a"), 0);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_files.at("gone.m4a"), 0);
         QCOMPARE(m_alerts.shown.size(), 1);
         QVERIFY2(m_alerts.shown[0].messageText.contains(u"gone.m4a"), qPrintable(m_alerts.shown[0].messageText));
         QVERIFY(m_fake.onlyOutgoing()[u"visible"].toBool());
@@ -170,7 +155,7 @@ private Q_SLOTS:
     void failureToShowGoesUntoldWhenALaterEventSucceeds()
     {
         m_fake.at(3, u"fail"_s, u"Failed No window."_s);
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
         QVERIFY(m_alerts.shown.isEmpty());
         QCOMPARE(m_fake.state()[u"activations"].toInt(), 1);
     }
@@ -178,7 +163,7 @@ private Q_SLOTS:
     void failureToComeForwardIsToldAndTheMessageStays()
     {
         m_fake.at(4, u"fail"_s, u"Failed Cannot come forward."_s);
-        m_controller->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
+        m_mail->mailCreateMessageWithSubject(u"s"_s, u"b"_s, m_first, 0);
         QCOMPARE(m_alerts.shown.size(), 1);
         QCOMPARE(m_alerts.shown[0].messageText, u"Cannot come forward."_s);
         QVERIFY(m_fake.onlyOutgoing()[u"visible"].toBool());
@@ -186,7 +171,7 @@ private Q_SLOTS:
 
     void accountExistsWithoutAnAlert()
     {
-        QVERIFY(m_controller->mailVerifyAccountExists());
+        QVERIFY(m_mail->mailVerifyAccountExists());
         QVERIFY(m_alerts.shown.isEmpty());
         QCOMPARE(m_fake.log(), QStringList{u"Application.Accounts"_s});
     }
@@ -194,7 +179,7 @@ private Q_SLOTS:
     void missingAccountIsTold()
     {
         m_fake.configure({{u"accounts"_s, QJsonArray()}});
-        QVERIFY(!m_controller->mailVerifyAccountExists());
+        QVERIFY(!m_mail->mailVerifyAccountExists());
         expectUnableToProceed(u"No accounts were detected in Mail. You must have at least one account configured in order to "
                               "create messages or reply to messages. Please ensure that you have an account configured, and "
                               "try again."_s);
@@ -204,21 +189,21 @@ private Q_SLOTS:
     void accountCountThatFailsReadsAsNoAccount()
     {
         m_fake.at(1, u"fail"_s, u"Failed Something else."_s);
-        QVERIFY(!m_controller->mailVerifyAccountExists());
+        QVERIFY(!m_mail->mailVerifyAccountExists());
         QCOMPARE(m_alerts.shown.size(), 1);
         QCOMPARE(m_alerts.shown[0].messageText, u"Unable to Proceed"_s);
     }
 
     void selectedMessageExistsWithoutAnAlert()
     {
-        QVERIFY(m_controller->mailVerifySelectedMessagesExist());
+        QVERIFY(m_mail->mailVerifySelectedMessagesExist());
         QVERIFY(m_alerts.shown.isEmpty());
     }
 
     void missingSelectionIsTold()
     {
         m_fake.configure({{u"messages"_s, QJsonArray()}});
-        QVERIFY(!m_controller->mailVerifySelectedMessagesExist());
+        QVERIFY(!m_mail->mailVerifySelectedMessagesExist());
         expectUnableToProceed(
             u"No messages appear to be selected in Mail. Please select a message and try again."_s);
     }
@@ -226,7 +211,7 @@ private Q_SLOTS:
     void selectionCountThatFailsReadsAsNoMessage()
     {
         m_fake.at(1, u"fail"_s, u"Failed Something else."_s);
-        QVERIFY(!m_controller->mailVerifySelectedMessagesExist());
+        QVERIFY(!m_mail->mailVerifySelectedMessagesExist());
         QCOMPARE(m_alerts.shown.size(), 1);
     }
 
@@ -235,7 +220,7 @@ private Q_SLOTS:
         const QJsonObject first{{u"replyTo"_s, u"Zoe <z@example.org>"_s}};
         const QJsonObject last{{u"replyTo"_s, u"Abe <a@example.org>"_s}};
         m_fake.configure({{u"messages"_s, QJsonArray{first, last}}});
-        const QList<kest::Message> selected = m_controller->mailGetSelectedMessages();
+        const QList<kest::Message> selected = m_mail->mailGetSelectedMessages();
         QCOMPARE(selected.size(), 2);
         QCOMPARE(selected[0].replyTo(), u"Zoe <z@example.org>"_s);
         QCOMPARE(selected[1].replyTo(), u"Abe <a@example.org>"_s);
@@ -244,7 +229,7 @@ private Q_SLOTS:
     void selectedMessagesMayBeNoneWithoutAnAlert()
     {
         m_fake.configure({{u"messages"_s, QJsonArray()}});
-        QVERIFY(m_controller->mailGetSelectedMessages().isEmpty());
+        QVERIFY(m_mail->mailGetSelectedMessages().isEmpty());
         QVERIFY(m_alerts.shown.isEmpty());
     }
 
@@ -257,14 +242,6 @@ private:
         QCOMPARE(m_alerts.shown[0].buttons, QStringList{u"OK"_s});
         QVERIFY(m_alerts.shown[0].style == kest::AlertContent::Style::Warning);
     }
-
-    kest::test::MailTestFiles m_files;
-    FileURL m_first;
-    FileURL m_second;
-    kest::test::FakeMail m_fake;
-    kest::test::RecordingAlertPresenter m_alerts;
-    std::unique_ptr<kest::DBusMailTransport> m_transport;
-    std::unique_ptr<MailController> m_controller;
 };
 
 QTEST_GUILESS_MAIN(TestMailController)

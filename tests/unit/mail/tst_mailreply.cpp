@@ -1,8 +1,5 @@
-#include "fakes/RecordingAlertPresenter.h"
 #include "mail/MailController.h"
-#include "platform/linux/mail/DBusMailTransport.h"
-#include "support/FakeMail.h"
-#include "unit/mail/MailTestFiles.h"
+#include "unit/mail/MailBackEndTest.h"
 
 #include <QJsonArray>
 #include <QtTest>
@@ -25,25 +22,13 @@ QJsonArray person(const QString &name, const QString &address)
 
 /// Replies of MailController against the fake mail application, over a real
 /// bus.
-class TestMailReply : public QObject
+class TestMailReply : public test::MailBackEndTest<MailController>
 {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        m_fake.start();
-        m_first = m_files.write("first.m4a", "first bytes");
-        m_second = m_files.write("second.m4a", "second bytes");
-    }
-
-    void init()
-    {
-        m_fake.configure();
-        m_alerts.shown.clear();
-        m_transport = std::make_unique<DBusMailTransport>();
-        m_controller = std::make_unique<MailController>(*m_transport, m_alerts);
-    }
+    void initTestCase() { startFake(); }
+    void init() { makeBackEnd(); }
 
     void replyIsBuiltFromTheMailApplicationsOwnInThisOrder()
     {
@@ -148,17 +133,17 @@ private Q_SLOTS:
 
     void emptyListMakesAReplyWithoutAttachment()
     {
-        m_controller->mailReplyToMessage(message(), u"Yes\n\n"_s, QList<FileURL>(), {}, 5);
+        m_mail->mailReplyToMessage(message(), u"Yes\n\n"_s, QList<FileURL>(), {}, 5);
         QCOMPARE(m_fake.onlyOutgoing()[u"attachments"].toArray().size(), 0);
         QCOMPARE(m_fake.onlyOutgoing()[u"content"].toString(), u"Yes\n\n\n> Lunch?\n"_s);
         m_fake.configure();
-        m_controller->mailReplyToMessage(message(), u"Yes"_s, std::nullopt, {}, 5);
+        m_mail->mailReplyToMessage(message(), u"Yes"_s, std::nullopt, {}, 5);
         QCOMPARE(m_fake.onlyOutgoing()[u"attachments"].toArray().size(), 0);
     }
 
     void laterAttachmentsLandInFrontOfEarlierOnes()
     {
-        m_controller->mailReplyToMessage(message(), u"Yes\n\n"_s, QList<FileURL>{m_first, m_second}, {}, 5);
+        m_mail->mailReplyToMessage(message(), u"Yes\n\n"_s, QList<FileURL>{m_first, m_second}, {}, 5);
         QCOMPARE(m_fake.onlyOutgoing()[u"attachments"][0][u"name"].toString(), u"second.m4a"_s);
     }
 
@@ -210,20 +195,12 @@ private Q_SLOTS:
 private:
     void configure(const QJsonObject &message) { m_fake.configure({{u"messages"_s, QJsonArray{message}}}); }
 
-    Message message() { return {*m_controller->mailApp(), original}; }
+    Message message() { return {*m_mail->mailApp(), original}; }
 
     void reply(const ReplyFlags &flags)
     {
-        m_controller->mailReplyToMessage(message(), u"Yes\n\n"_s, m_first, flags, 5);
+        m_mail->mailReplyToMessage(message(), u"Yes\n\n"_s, m_first, flags, 5);
     }
-
-    test::MailTestFiles m_files;
-    FileURL m_first;
-    FileURL m_second;
-    test::FakeMail m_fake;
-    test::RecordingAlertPresenter m_alerts;
-    std::unique_ptr<DBusMailTransport> m_transport;
-    std::unique_ptr<MailController> m_controller;
 };
 
 QTEST_GUILESS_MAIN(TestMailReply)
