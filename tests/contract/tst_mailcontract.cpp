@@ -239,7 +239,7 @@ private Q_SLOTS:
 
     void wholeNewMessageIsShown()
     {
-        if (!property(u"Features"_s).toStringList().contains(u"NewMessage"_s))
+        if (!offers(u"NewMessage"_s))
             QSKIP("this mail application does not offer it");
         const QList<NamedDescriptor> files{{u"a.m4a"_s, descriptor(1000)}, {u"b.m4a"_s, descriptor(0)}};
         const QVariantList arguments{u"Whole"_s, u"Text\n\n"_s, u"no such account"_s, quint64(5), QVariant::fromValue(files)};
@@ -254,7 +254,7 @@ private Q_SLOTS:
 
     void wholeReplyPutsTheTextAboveTheQuote()
     {
-        if (!property(u"Features"_s).toStringList().contains(u"Reply"_s))
+        if (!offers(u"Reply"_s))
             QSKIP("this mail application does not offer it");
         const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(firstSelected())), u"Answer\n\n"_s, QString(), false,
                                      false, false, quint64(8), QVariant::fromValue(QList<NamedDescriptor>())};
@@ -269,7 +269,7 @@ private Q_SLOTS:
 
     void wholeReplyToNoMessageIsRefused()
     {
-        if (!property(u"Features"_s).toStringList().contains(u"Reply"_s))
+        if (!offers(u"Reply"_s))
             QSKIP("this mail application does not offer it");
         const QVariantList arguments{QVariant::fromValue(QDBusObjectPath(mailRoot + u"/message/none"_s)), u"Answer"_s,
                                      QString(), false, false, false, quint64(0),
@@ -284,6 +284,10 @@ private:
     }
 
     QVariant property(const QString &name) const { return value(m_mail->get(mailRoot, applicationInterface, name)); }
+
+    /// Features may be left out. The registered runs fail where a test skips
+    /// itself for that: their mail applications offer all.
+    bool offers(const QString &feature) const { return property(u"Features"_s).toStringList().contains(feature); }
 
     QString firstSelected() const
     {

@@ -177,8 +177,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    if (!enterPrivateMounts())
-        return 1;
+    requirePrivateMounts();
     QCoreApplication application(argc, argv);
     TestOldRecordingsDisk test;
     return QTest::qExec(&test, argc, argv);

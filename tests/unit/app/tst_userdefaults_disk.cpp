@@ -208,8 +208,7 @@ int main(int argc, char **argv)
 {
     if (argc == 3 && qstrcmp(argv[1], "--write-for-ever") == 0)
         writeForEver(QString::fromUtf8(argv[2]));
-    if (!kest::testing::enterPrivateMounts())
-        qFatal("This machine lets no process have mounts of its own");
+    kest::testing::requirePrivateMounts();
     QCoreApplication app(argc, argv);
     TestUserDefaultsOnDisk test;
     return QTest::qExec(&test, argc, argv);

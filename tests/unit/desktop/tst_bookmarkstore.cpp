@@ -135,8 +135,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    if (!kest::testing::enterPrivateMounts())
-        qFatal("This machine lets no process have mounts of its own");
+    kest::testing::requirePrivateMounts();
     QCoreApplication app(argc, argv);
     TestBookmarkStore test;
     return QTest::qExec(&test, argc, argv);
