@@ -124,6 +124,14 @@ class WholeProgram(unittest.TestCase):
         wait_until(lambda: not self.kest.recordings(), "no broken file to stay")
         self.kest.quit()
 
+    def test_a_sound_server_that_dies_is_said_and_the_recording_kept(self):
+        self.addCleanup(self.sound.restart_with_microphone)
+        self.kest.start()
+        self.record(2)
+        self.sound.kill()
+        self.kest.wait_for_notice("The sound server ended", seconds=2)
+        self.assertGreater(seconds_of(self.finished_recording()), 1.0)
+
     # The disk
 
     def test_a_full_disk_is_said_and_the_recording_kept(self):
