@@ -80,6 +80,7 @@ void AppDelegate::connectWindow()
     MainWindowController *window = m_winController.get();
     connect(window, &MainWindowController::terminateRequested, this, &AppDelegate::terminateRequested);
     connect(window, &MainWindowController::helpRequested, this, &AppDelegate::openHelp);
+    connect(window, &MainWindowController::recordingTroubleTold, this, &AppDelegate::tellTrouble);
     connect(window, &MainWindowController::openURLRequested, this,
             [this](const QUrl &url) { m_platform.workspace->openURL(url); });
     for (const QString &message : std::as_const(m_settingsTroubles))
@@ -116,18 +117,30 @@ void AppDelegate::appWasActivated(const QString &identifier)
         m_platform.workspace->withdrawNotice();
         updateInputName();
     } else if (!m_winController->sheetShowing()) {
+        const bool wasShown = m_winController->window()->isVisible();
         m_winController->orderOut();
-        tellThatRecordingGoesOn();
+        if (wasShown)
+            tellThatRecordingGoesOn();
     }
 }
 
 void AppDelegate::tellThatRecordingGoesOn()
 {
-    if (!m_winController->recordingActive())
+    // After a trouble the window is still active until Stop, but nothing goes on, and the person has been told.
+    if (!m_winController->recordingActive() || m_winController->notices().holds(NoticePlace::Subject::Recording))
         return;
     const bool paused = m_winController->audioRecorder()->recordingPaused();
     m_platform.workspace->showNotice(paused ? tr("Kest’s recording is paused") : tr("Kest is still recording"),
                                      tr("Its window comes back when you turn to your mail, or start Kest again."));
+}
+
+void AppDelegate::tellTrouble(const QString &words)
+{
+    if (m_winController->window()->isVisible())
+        return;
+    m_platform.workspace->showNotice(
+        tr("Kest’s recording has ended"),
+        words + u'\n' + tr("Kest’s window comes back when you turn to your mail, or start Kest again."));
 }
 
 void AppDelegate::activate()

@@ -20,8 +20,9 @@ struct Platform;
 /// application, resolves the two folders for all others, and cleans up at the
 /// end.
 ///
-/// Order of calls: `initialize` once, before an object is made;
-/// `applicationDidFinishLaunching` once, when the main loop is about to run;
+/// Order of calls: `initialize` once, before `applicationDidFinishLaunching`
+/// (an object may be there already, and then hears what goes wrong with the
+/// settings); that once, when the main loop is about to run;
 /// `applicationShouldTerminate` once, at the end. Main thread.
 class AppDelegate : public QObject, public ApplicationDelegate
 {
@@ -51,7 +52,8 @@ public:
     /// An application came to the front, named as Workspace does. The main
     /// window is shown beside this application and the mail application, and
     /// hidden beside any other, unless its preferences sheet is showing. A
-    /// recording goes on in the hidden window, and a notice of the desktop says so.
+    /// recording goes on in the hidden window, and a notice of the desktop says
+    /// so once for every hiding.
     void appWasActivated(const QString &identifier);
 
     /// Removes old recordings; `choice` is the value of `iWhenToDelete`, not 0.
@@ -91,6 +93,7 @@ private:
     void finishInterruptedRecordings();
     void connectWindow();
     void tellThatRecordingGoesOn();
+    void tellTrouble(const QString &words);
 
     Platform &m_platform;
     UserDefaults &m_defaults;

@@ -213,6 +213,10 @@ Q_SIGNALS:
 
     void helpRequested();
 
+    /// The window says why the recording ended, or never began; `words` is the
+    /// sentence. For those who speak to the person while it is hidden.
+    void recordingTroubleTold(const QString &words);
+
     /// A file or folder is to be opened in the desktop's own program.
     void openURLRequested(const QUrl &url);
 

@@ -75,7 +75,9 @@ void MainWindowController::afterRecordingStarted(bool recordHadFocus)
 
 void MainWindowController::tellTrouble(RecordingTrouble trouble, const QString &detail)
 {
-    m_notices.tell(NoticePlace::Subject::Recording, wordsFor(trouble), detail);
+    const QString words = wordsFor(trouble);
+    m_notices.tell(NoticePlace::Subject::Recording, words, detail);
+    Q_EMIT recordingTroubleTold(words);
 }
 
 void MainWindowController::recordingFinished(bool kept)

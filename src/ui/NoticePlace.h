@@ -34,6 +34,9 @@ public:
     void tell(Subject subject, const QString &text, const QString &detail = {});
     void withdraw(Subject subject) { tell(subject, QString()); }
 
+    /// True while there is a notice about it, shown or waiting.
+    bool holds(Subject subject) const { return m_notices.contains(subject); }
+
     /// The most urgent notice; empty when there is none.
     QString text() const;
 

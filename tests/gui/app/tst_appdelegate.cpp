@@ -151,39 +151,6 @@ private Q_SLOTS:
         QVERIFY(!m_house->isShown());
     }
 
-    void recordingGoesOnWhileTheWindowIsHidden()
-    {
-        m_house->launch();
-        m_house->window().audioRecordingRecord();
-        m_house->workspace().activate(QStringLiteral("XTerm"));
-        QVERIFY(!m_house->isShown());
-        QVERIFY(m_house->window().recordingActive());
-        QVERIFY(!m_house->recorders().calls.contains(QStringLiteral("stop")));
-        QVERIFY(m_house->workspace().notice.startsWith(QStringLiteral("Kest is still recording\n")));
-        m_house->workspace().activate(mailApplicationIdentifier);
-        QVERIFY(m_house->workspace().notice.isEmpty());
-    }
-
-    void hidingWithoutARecordingSaysNothing()
-    {
-        m_house->launch();
-        m_house->workspace().activate(QStringLiteral("XTerm"));
-        QVERIFY(m_house->workspace().notice.isEmpty());
-    }
-
-    void startingItAgainAndTheEndTakeTheNoticeAway()
-    {
-        m_house->launch();
-        m_house->window().audioRecordingRecord();
-        m_house->workspace().activate(QStringLiteral("XTerm"));
-        m_house->delegate->activate();
-        QVERIFY(m_house->isShown());
-        QVERIFY(m_house->workspace().notice.isEmpty());
-        m_house->workspace().activate(QStringLiteral("XTerm"));
-        m_house->delegate->applicationShouldTerminate();
-        QVERIFY(m_house->workspace().notice.isEmpty());
-    }
-
     void aDeviceNameOfOneWordKeepsNothingElseFromStarting()
     {
         m_house->hardware().name = QStringLiteral("Microphone");
