@@ -27,6 +27,10 @@ constexpr int recoveryWait = 300; // ms
 constexpr int firstNameRetry = 100;  // ms
 constexpr int lastNameRetry = 6'400; // ms
 
+// How long the clean-up at the end waits for recordings that are being finished. A minute of sound takes some
+// milliseconds; a disk that is slower than this is not waited for.
+constexpr int cleanUpWait = 3'000; // ms
+
 // Well after the first paint, and before anybody is ready to speak.
 constexpr int preloadDelay = 700; // ms
 
@@ -100,9 +104,19 @@ AppDelegate::TerminateReply AppDelegate::applicationShouldTerminate()
     disconnect(m_platform.workspace.get(), nullptr, this, nullptr);
     m_platform.workspace->withdrawNotice();
     const qint64 choice = m_defaults.integerForKey(SettingsKeys::iWhenToDelete);
-    if (choice != 0)
+    if (choice != 0) {
+        finishRecordings();
         deleteOldFilesChoice(choice);
+    }
     return TerminateNow;
+}
+
+/// A finished file takes the place of the unfinished one: after the clean-up, it would bring back what was removed.
+void AppDelegate::finishRecordings()
+{
+    if (m_winController && m_winController->recordingActive())
+        m_winController->audioRecordingStop();
+    m_platform.recorderFactory->waitForFinished(cleanUpWait);
 }
 
 void AppDelegate::deleteOldFilesChoice(qint64 choice)

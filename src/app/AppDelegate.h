@@ -46,7 +46,9 @@ public:
     /// False: the main window's own close handler ends the application.
     bool applicationShouldTerminateAfterLastWindowClosed() const { return false; }
 
-    /// Always TerminateNow, after everything that is to be done is done.
+    /// Always TerminateNow, after everything that is to be done is done. Where
+    /// old recordings are to be removed, one that still runs is stopped, and
+    /// those that are being finished are waited for, within a limit, first.
     TerminateReply applicationShouldTerminate();
 
     /// An application came to the front, named as Workspace does. The main
@@ -94,6 +96,7 @@ private:
     void connectWindow();
     void tellThatRecordingGoesOn();
     void tellTrouble(const QString &words);
+    void finishRecordings();
 
     Platform &m_platform;
     UserDefaults &m_defaults;

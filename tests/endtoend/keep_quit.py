@@ -100,6 +100,40 @@ class KeepTest(unittest.TestCase):
         self.assertEqual(self.left(), {"note.txt", "old.M4A", ".x.m4a"})
         self.assertFalse(self.trash.exists())
 
+    def record(self):
+        """Presses Record and waits until there is something to lose. The names of recordings begin with the year."""
+        self.person.click(self.person.find(self.window, "Record"))
+        wait_until(lambda: any(path.stat().st_size > 4096 for path in self.recordings.glob("2*.m4a")),
+                   "a recording that grows")
+
+    def check_all_is_in_the_trash_once(self):
+        self.assertEqual(self.left(), {"note.txt", "old.M4A", ".x.m4a"})
+        self.assertEqual(len(self.trashed()), 3)
+        recording = next(path for path in (self.trash / "files").glob("2*.m4a"))
+        self.sandbox.run(["ffprobe", "-v", "error", recording])
+        self.assertEqual({path.stem for path in (self.trash / "info").iterdir()}, self.trashed())
+
+    def test_a_recording_stopped_just_before_the_end_is_in_the_trash_too(self):
+        self.run_program(iWhenToDelete=4)
+        self.record()
+        self.person.click(self.person.find(self.window, "Stop"))
+        self.end()
+        self.check_all_is_in_the_trash_once()
+
+    def test_a_recording_that_runs_at_the_end_is_in_the_trash_too(self):
+        self.run_program(iWhenToDelete=4)
+        self.record()
+        self.end()
+        self.check_all_is_in_the_trash_once()
+
+    def test_a_recording_stopped_just_before_the_end_is_gone_without_the_trash(self):
+        self.run_program(iWhenToDelete=4, bTrashNotDelete="false")
+        self.record()
+        self.person.click(self.person.find(self.window, "Stop"))
+        self.end()
+        self.assertEqual(self.left(), {"note.txt", "old.M4A", ".x.m4a"})
+        self.assertFalse(self.trash.exists())
+
     def test_a_recordings_folder_that_is_not_found_is_logged_and_nothing_removed(self):
         nowhere = base64.b64encode(b"no bookmark at all").decode()
         self.run_program(iWhenToDelete=4, dAudioRecordingFolder=f"@Bytes({nowhere})")

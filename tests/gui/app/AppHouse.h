@@ -20,8 +20,8 @@
 
 namespace kest::test {
 
-/// Notes what recordings it was asked to finish, and whether there was a
-/// window then.
+/// Notes what recordings it was asked to finish, whether there was a window
+/// then, and how long the end waits for those that are being finished.
 class NotingRecorderFactory : public FakeAudioFileRecorderFactory
 {
 public:
@@ -33,11 +33,20 @@ public:
         return 0;
     }
     void preload() override { ++preloads; }
+    bool waitForFinished(int milliseconds) override
+    {
+        finishedWait = milliseconds;
+        if (whileFinishing)
+            whileFinishing();
+        return true;
+    }
 
     QList<FolderURL> finishFolders;
     int finishLimit = -1;
     int windowsThen = -1;
     int preloads = 0;
+    int finishedWait = -1; ///< Milliseconds; -1 when nobody waited.
+    std::function<void()> whileFinishing;
 };
 
 /// The delegate and all round it: real folders, settings and trash in a

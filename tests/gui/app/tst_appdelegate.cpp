@@ -197,6 +197,30 @@ private Q_SLOTS:
         QCOMPARE(recordings(), QStringList { QStringLiteral("note.txt") });
     }
 
+    // Finished files take the place of unfinished ones: one that does so after the clean-up would be back in the folder.
+    void recordingsAreFinishedBeforeTheCleanUp()
+    {
+        m_house->launch();
+        m_house->defaults->setObject(4, SettingsKeys::iWhenToDelete);
+        m_house->window().audioRecordingRecord();
+        bool stopped = false;
+        m_house->recorders().whileFinishing = [&] {
+            stopped = m_house->recorders().calls.contains(QStringLiteral("stop"));
+            makeRecording(QStringLiteral("late.m4a"));
+        };
+        m_house->delegate->applicationShouldTerminate();
+        QVERIFY(stopped);
+        QCOMPARE(recordings(), QStringList());
+        QVERIFY(m_house->recorders().finishedWait > 0 && m_house->recorders().finishedWait <= 5000);
+    }
+
+    void withoutACleanUpTheEndWaitsForNoFile()
+    {
+        m_house->launch();
+        m_house->delegate->applicationShouldTerminate();
+        QCOMPARE(m_house->recorders().finishedWait, -1);
+    }
+
     void helpOpensAWebPage()
     {
         m_house->launch();
