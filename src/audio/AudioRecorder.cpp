@@ -10,12 +10,6 @@ namespace {
 
 constexpr double silence = -160.0; // dBFS
 
-/// Seconds from now to `date`: negative for a moment that has passed, 0 for none.
-double timeIntervalSinceNow(const QDateTime &date, const Clock &clock)
-{
-    return date.isValid() ? static_cast<double>(clock.now().msecsTo(date)) / 1000.0 : 0.0;
-}
-
 } // namespace
 
 AudioRecorder::AudioRecorder(AudioFileRecorderFactory &factory, const Clock &clock, QObject *parent)
@@ -61,7 +55,7 @@ void AudioRecorder::prepareToRecordToDirectory(const FolderURL &directory, const
 
 void AudioRecorder::recordMessage()
 {
-    m_recordingStartResumeDate = m_clock.now();
+    setRecordingStartResumeDate(m_clock.now());
     m_previousRecordingLength = recordedLength();
     if (m_recorder)
         m_recorder->record();
@@ -80,7 +74,7 @@ void AudioRecorder::resumeMessage()
 {
     // Length first, then date: deliberately the reverse of recordMessage.
     m_previousRecordingLength = recordedLength();
-    m_recordingStartResumeDate = m_clock.now();
+    setRecordingStartResumeDate(m_clock.now());
     if (m_recorder)
         m_recorder->record();
     m_recordingPaused = false;
@@ -99,8 +93,7 @@ QString AudioRecorder::recordingTime()
 {
     if (m_recordingStopped)
         return QCoreApplication::translate("kest", "--:--");
-    m_currentRecordingLength = m_previousRecordingLength
-        - timeIntervalSinceNow(m_recordingStartResumeDate, m_clock);
+    m_currentRecordingLength = m_previousRecordingLength + secondsSinceStartOrResume();
     const float minutes = static_cast<float>(std::floor(m_currentRecordingLength / 60.0));
     // The product is rounded to single precision before it is added.
     const float product = -60.0F * minutes;
@@ -120,6 +113,21 @@ double AudioRecorder::recordingLevel()
     if (static_cast<double>(right) > silence)
         return (left + static_cast<double>(right)) * 0.5;
     return left;
+}
+
+void AudioRecorder::setRecordingStartResumeDate(const QDateTime &date)
+{
+    m_recordingStartResumeDate = date;
+    const qint64 age = date.isValid() ? date.msecsTo(m_clock.now()) : 0;
+    m_startResumeUptime = m_clock.uptime() - std::chrono::milliseconds(age);
+}
+
+/// 0 where there was neither.
+double AudioRecorder::secondsSinceStartOrResume() const
+{
+    if (!m_recordingStartResumeDate.isValid())
+        return 0.0;
+    return std::chrono::duration<double>(m_clock.uptime() - m_startResumeUptime).count();
 }
 
 double AudioRecorder::recordedLength() const

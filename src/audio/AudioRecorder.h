@@ -78,9 +78,11 @@ public:
     const FileURL &recordingURL() const { return m_recordingURL; }
     void setRecordingURL(const FileURL &url) { m_recordingURL = url; }
 
-    /// The moment of the last start or resume; invalid before the first.
+    /// The moment of the last start or resume, by the system's clock; invalid
+    /// before the first. What has passed since is counted steadily: a clock that
+    /// is set meanwhile changes no time.
     const QDateTime &recordingStartResumeDate() const { return m_recordingStartResumeDate; }
-    void setRecordingStartResumeDate(const QDateTime &date) { m_recordingStartResumeDate = date; }
+    void setRecordingStartResumeDate(const QDateTime &date);
 
     /// Seconds that were recorded at the last start or resume.
     double previousRecordingLength() const { return m_previousRecordingLength; }
@@ -98,6 +100,7 @@ Q_SIGNALS:
 
 private:
     double recordedLength() const;
+    double secondsSinceStartOrResume() const;
 
     AudioFileRecorderFactory &m_factory;
     const Clock &m_clock;
@@ -107,6 +110,7 @@ private:
     FolderURL m_dirURL;
     FileURL m_recordingURL;
     QDateTime m_recordingStartResumeDate;
+    std::chrono::milliseconds m_startResumeUptime{0}; // the same moment on the steady clock
     double m_previousRecordingLength = 0.0;
     double m_currentRecordingLength = 0.0;
 };

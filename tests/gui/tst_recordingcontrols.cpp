@@ -229,6 +229,27 @@ private Q_SLOTS:
         QCOMPARE(level(), 0.0);
     }
 
+    void aClockThatIsSetMovesTheNextNameAndNotTheTime_data()
+    {
+        QTest::addColumn<QDateTime>("set");
+        QTest::newRow("forward") << QDateTime(QDate(2024, 3, 6), QTime(9, 0, 0));
+        QTest::newRow("back") << QDateTime(QDate(2023, 12, 31), QTime(23, 59, 58));
+    }
+
+    void aClockThatIsSetMovesTheNextNameAndNotTheTime()
+    {
+        QFETCH(QDateTime, set);
+        m_house->click(record);
+        m_house->clock.advance(5.0);
+        m_house->clock.setNow(set);
+        controller().audioRecordingUpdateTimeWithTimer();
+        QCOMPARE(shownTime(), QStringLiteral("00:05"));
+        m_house->click(stop);
+        m_house->click(record);
+        QCOMPARE(QString(recorder().url().lastPathComponent()),
+                 set.toString(QStringLiteral("yyyy-MM-dd_HH-mm-ss")) + QStringLiteral(".m4a"));
+    }
+
     void twoRecordingsOfOneSecondDoNotShareAFile()
     {
         m_house->click(record);

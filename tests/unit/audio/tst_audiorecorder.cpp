@@ -117,6 +117,33 @@ private Q_SLOTS:
         QCOMPARE(m_recorder->recordingTime(), QStringLiteral("00:15"));
     }
 
+    void aClockThatIsSetChangesNoTime()
+    {
+        prepare();
+        m_recorder->recordMessage();
+        m_clock.advance(3.0);
+        m_clock.setNow(m_clock.now().addDays(-1));
+        QCOMPARE(m_recorder->recordingTime(), QStringLiteral("00:03"));
+        m_factory.last()->setCurrentTime(3.0);
+        m_recorder->pauseMessage();
+        m_recorder->resumeMessage();
+        QCOMPARE(m_recorder->recordingStartResumeDate(), m_clock.now());
+        m_clock.setNow(m_clock.now().addDays(2));
+        m_clock.advance(4.0);
+        QCOMPARE(m_recorder->recordingTime(), QStringLiteral("00:07"));
+    }
+
+    void aStartDateThatIsGivenIsCountedFrom()
+    {
+        prepare();
+        m_recorder->recordMessage();
+        m_recorder->setRecordingStartResumeDate(m_clock.now().addSecs(-12));
+        m_clock.advance(1.0);
+        QCOMPARE(m_recorder->recordingTime(), QStringLiteral("00:13"));
+        m_recorder->setRecordingStartResumeDate({});
+        QCOMPARE(m_recorder->recordingTime(), QStringLiteral("00:00"));
+    }
+
     void resumeDoesNotTouchTheStoppedFlag()
     {
         prepare();

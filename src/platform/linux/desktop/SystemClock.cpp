@@ -4,24 +4,16 @@
 
 namespace kest {
 
-namespace {
+QDateTime SystemClock::now() const
+{
+    return QDateTime::currentDateTime();
+}
 
-qint64 bootClock()
+std::chrono::milliseconds SystemClock::uptime() const
 {
     timespec time = {};
     ::clock_gettime(CLOCK_BOOTTIME, &time);
-    return qint64(time.tv_sec) * 1000 + time.tv_nsec / 1'000'000;
-}
-
-} // namespace
-
-SystemClock::SystemClock() : m_start(QDateTime::currentDateTime()), m_startOnBootClock(bootClock())
-{
-}
-
-QDateTime SystemClock::now() const
-{
-    return m_start.addMSecs(bootClock() - m_startOnBootClock);
+    return std::chrono::milliseconds(qint64(time.tv_sec) * 1000 + time.tv_nsec / 1'000'000);
 }
 
 } // namespace kest

@@ -4,18 +4,12 @@
 
 namespace kest {
 
-/// The system's time as it was when the clock was made, and what the boot clock
-/// (which runs on in suspend and which nobody sets) counted since.
+/// The system's clock, and the boot clock (CLOCK_BOOTTIME, clock_gettime(2)).
 class SystemClock : public Clock
 {
 public:
-    SystemClock();
-
     QDateTime now() const override;
-
-private:
-    QDateTime m_start;
-    qint64 m_startOnBootClock = 0; // ms
+    std::chrono::milliseconds uptime() const override;
 };
 
 } // namespace kest
