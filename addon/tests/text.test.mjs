@@ -53,7 +53,8 @@ test("a text of ten thousand lines is searched quickly", () => {
   const text = "-- \nAn almost\n".repeat(5000);
   const began = performance.now();
   assert.equal(findSignature(text, "-- \nAnna"), -1);
-  assert.ok(performance.now() - began < 1000);
+  // A search that starts afresh at every line takes more than 20 s, this one less than 0.1 s.
+  assert.ok(performance.now() - began < 10000);
 });
 
 test("soft line breaks are joined, hard ones stay", () => {

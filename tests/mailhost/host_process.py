@@ -1,13 +1,15 @@
 """kest-mail-host as a process: this test is the add-on on its pipes, and a caller on its bus."""
 
+import array
 import base64
+import fcntl
 import json
 import os
 import struct
 import subprocess
 import sys
+import termios
 import threading
-import time
 import unittest
 from pathlib import Path
 
@@ -22,6 +24,18 @@ import dbus  # noqa: E402
 HOST = Path(os.environ["KEST_BUILD_DIR"]) / "bin" / "kest-mail-host"
 NAME = "org.kest.Mail1.Thunderbird"
 VERSION = subprocess.run([HOST, "--version"], capture_output=True, text=True, check=True).stdout.split()[1]
+
+
+def unread(pipe):
+    """How many bytes lie in a pipe that nobody has read yet."""
+    count = array.array("i", [0])
+    fcntl.ioctl(pipe, termios.FIONREAD, count)
+    return count[0]
+
+
+def state_of(pid):
+    """One letter, see proc_pid_stat(5); "S" sleeps."""
+    return Path(f"/proc/{pid}/stat").read_text().rpartition(")")[2].split()[0]
 
 
 class HostProcess(unittest.TestCase):
@@ -57,6 +71,14 @@ class HostProcess(unittest.TestCase):
     def receive(self):
         length = struct.unpack("=I", self.host.stdout.read(4))[0]
         return json.loads(self.host.stdout.read(length))
+
+    def wait_until_read(self):
+        """Until the host has taken everything out of its pipe."""
+        wait_until(lambda: unread(self.host.stdin) == 0, "the host to read its pipe")
+
+    def wait_until_asleep(self):
+        """Until the host has done all it can do without another word from here."""
+        wait_until(lambda: state_of(self.host.pid) == "S", "the host to wait for the add-on")
 
     def answer(self, work):
         """Plays the add-on for one call in the background: `work(call)` gives what is sent back."""
@@ -97,7 +119,7 @@ class HostProcess(unittest.TestCase):
             text = json.dumps({"answer": call["call"], "result": [["a", "b", "c"]]}).encode()
             for byte in struct.pack("=I", len(text)) + text:
                 self.write(bytes([byte]))
-                time.sleep(0.005)
+                self.wait_until_read()
         threading.Thread(target=slowly, daemon=True).start()
         self.assertEqual(self.bus.accounts(), [("a", "b", "c")])
 
@@ -142,7 +164,11 @@ class HostProcess(unittest.TestCase):
 
     def test_the_end_of_the_pipe_answers_open_calls_and_ends_the_host(self):
         self.start()
-        threading.Timer(0.3, self.close_pipe).start()
+
+        def leave_while_a_call_is_open():
+            self.receive()
+            self.close_pipe()
+        threading.Thread(target=leave_while_a_call_is_open, daemon=True).start()
         self.assertIn("Thunderbird", self.fails("NotConnected", self.bus.accounts))
         self.assertEqual(self.end(), 0)
         self.assertFalse(self.bus.connection.name_has_owner(NAME))
@@ -150,7 +176,7 @@ class HostProcess(unittest.TestCase):
     def test_the_end_inside_a_message_ends_the_host_in_words(self):
         self.start()
         self.write(struct.pack("=I", 100) + b"{\"half\"")
-        time.sleep(0.1)
+        self.wait_until_read()
         self.close_pipe()
         self.assertEqual(self.end(), 0)
 
@@ -191,7 +217,7 @@ class HostProcess(unittest.TestCase):
         def play():
             while "chunk" in (message := self.receive()):
                 taken.append(len(base64.b64decode(message["data"])))
-                time.sleep(0.01)
+                self.wait_until_asleep()
                 self.send({"taken": message["chunk"]})
             self.send({"answer": message["call"], "result": None})
         threading.Thread(target=play, daemon=True).start()

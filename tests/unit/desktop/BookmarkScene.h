@@ -26,6 +26,9 @@ protected:
 
     static FolderURL url(const QByteArray &native) { return FolderURL::fromNativePath(native); }
 
+    /// A promise to the person: a look-up never blocks the window for longer.
+    static constexpr int longestLookUp = 1000; // ms
+
     static qint64 coarseTime()
     {
         timespec time = {};
@@ -61,7 +64,7 @@ protected:
         QElapsedTimer timer;
         timer.start();
         const auto resolved = m_store.resolveBookmarkData(data, &error);
-        QVERIFY(timer.elapsed() < 1000);
+        QVERIFY(timer.elapsed() < longestLookUp);
         QVERIFY2(resolved, qPrintable(error.description));
         QCOMPARE(resolved->folder.nativePath(), native);
         QCOMPARE(resolved->isStale, stale);
@@ -74,7 +77,7 @@ protected:
         QElapsedTimer timer;
         timer.start();
         QVERIFY(!m_store.resolveBookmarkData(data, &error));
-        QVERIFY(timer.elapsed() < 1000);
+        QVERIFY(timer.elapsed() < longestLookUp);
         QCOMPARE(error.domain, posixErrorDomain);
         QCOMPARE(error.code, code);
     }
