@@ -172,16 +172,28 @@ private Q_SLOTS:
         QVERIFY(m_house->alerts.shown.isEmpty());
     }
 
+    void aPreparedMessageLeavesTheRecordingToALaterCommand_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("text") << "hello.txt";
+        QTest::newRow("file") << "song.ogg";
+    }
+
     void aPreparedMessageLeavesTheRecordingToALaterCommand()
     {
-        writePrepared(QStringLiteral("hello.txt"), "Hello");
+        QFETCH(QString, name);
+        const bool isText = name == u"hello.txt";
+        writePrepared(name, "Hello");
         record();
-        choose(QStringLiteral("hello.txt"));
+        choose(name);
         m_house->click(newMessage);
         QVERIFY(controller().recordingExists());
         QVERIFY(controller().attachmentName().isNull());
         QVERIFY(m_house->isEnabled(newMessage));
-        QVERIFY(!m_house->mail.members().contains(insertAttachment));
+        QCOMPARE(m_house->mail.members().contains(insertAttachment), !isText);
+        if (!isText)
+            QCOMPARE(attached(), m_house->delegate.attachments->appendingPathComponent(name));
+        m_house->mail.calls.clear();
         m_house->click(newMessage);
         QCOMPARE(attached(), recording());
         QVERIFY(!controller().recordingExists());

@@ -81,14 +81,31 @@ private Q_SLOTS:
         QFile::remove(m_scriptPath);
     }
 
+    void theAccountIsCheckedForTheScriptToo_data()
+    {
+        QTest::addColumn<bool>("script");
+        QTest::newRow("script") << true;
+        QTest::newRow("own") << false;
+    }
+
+    // One text for both back ends, so what each shows is what the other shows.
     void theAccountIsCheckedForTheScriptToo()
     {
+        QFETCH(bool, script);
         m_house->mail.answers[QStringLiteral("Accounts")] = QVariantList();
-        useScript(true);
+        useScript(script);
         record();
         m_house->click(newMessage);
         QCOMPARE(m_house->mail.members(), QStringList(QStringLiteral("Accounts")));
         QCOMPARE(m_house->alerts.shown.size(), 1);
+        const AlertContent alert = m_house->alerts.shown.first();
+        QCOMPARE(alert.messageText, QStringLiteral("Unable to Proceed"));
+        QCOMPARE(alert.informativeText,
+                 QStringLiteral("No accounts were detected in Mail. You must have at least one account configured in "
+                                "order to create messages or reply to messages. Please ensure that you have an account "
+                                "configured, and try again."));
+        QCOMPARE(alert.buttons, QStringList(QStringLiteral("OK")));
+        QVERIFY(alert.style == AlertContent::Style::Warning);
     }
 
     void theScriptGetsTheRecordingAsAPath()
@@ -111,6 +128,20 @@ private Q_SLOTS:
         record();
         m_house->click(newMessage);
         QCOMPARE(told().at(5).toString(), QStringLiteral("Work"));
+    }
+
+    void withoutAChosenAccountTheScriptIsToldSo()
+    {
+        // Nothing is registered here, so it is the command that has to say it.
+        m_house->settings = std::make_unique<UserDefaults>(m_house->home.filePath(QStringLiteral("other.ini")));
+        useScript(true);
+        useTellingScript();
+        QVERIFY(!m_house->settings->objectForKey(SettingsKeys::emailAccountToUse).isValid());
+        record();
+        m_house->click(newMessage);
+        QCOMPARE(told().at(5).toString(), QStringLiteral("*none found*"));
+        QCOMPARE(told().at(1).toString(), QStringLiteral("\n\n"));
+        QCOMPARE(told().at(4).toInt(), 2);
     }
 
     void theScriptGetsAChosenFileAsALocation()

@@ -221,6 +221,7 @@ private Q_SLOTS:
         QVERIFY(recorder().url() != oldFile);
         QVERIFY(oldTimer && oldTimer->isActive());
         QVERIFY(controller().recordingStatusTimer() != oldTimer);
+        QVERIFY(controller().recordingStatusTimer()->isActive());
         controller().audioRecordingStop();
         QVERIFY(oldTimer && oldTimer->isActive());
         QSignalSpy ticks(oldTimer, &QTimer::timeout);
@@ -248,6 +249,15 @@ private Q_SLOTS:
         m_house->click(record);
         QCOMPARE(QString(recorder().url().lastPathComponent()),
                  set.toString(QStringLiteral("yyyy-MM-dd_HH-mm-ss")) + QStringLiteral(".m4a"));
+    }
+
+    void theStatusTimerEndsWithTheController()
+    {
+        m_house->click(record);
+        const QPointer<QTimer> timer = controller().recordingStatusTimer();
+        QVERIFY(timer->isActive());
+        m_house->controller.reset();
+        QVERIFY(!timer);
     }
 
     void twoRecordingsOfOneSecondDoNotShareAFile()

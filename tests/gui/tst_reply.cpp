@@ -100,6 +100,21 @@ private Q_SLOTS:
         QVERIFY(!mail().members().contains(QStringLiteral("Send")));
     }
 
+    void theMailApplicationsOwnReplyIsToAllAndNeverOnTheScreen_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::newRow("reply") << reply;
+        QTest::newRow("reply to all") << replyAll;
+    }
+
+    void theMailApplicationsOwnReplyIsToAllAndNeverOnTheScreen()
+    {
+        QFETCH(QString, command);
+        recordAndStop();
+        m_house->click(command);
+        QCOMPARE(mail().argumentsOf(reply), QVariantList({false, true})); // no window, to all
+    }
+
     void aUsedRecordingIsNoLongerThere()
     {
         recordAndStop();

@@ -119,6 +119,19 @@ private Q_SLOTS:
         }
     }
 
+    // The window's own back end answers those to whom a reply to all would go; the script has its mail application choose.
+    void replyGoesToAllToRecipientsUnlessTheScriptMakesIt_data() { bothBackEnds(); }
+    void replyGoesToAllToRecipientsUnlessTheScriptMakesIt()
+    {
+        QFETCH(bool, script);
+        useBackEnd();
+        const QJsonArray everybody{person(u"Ben"_s, u"ben@example.org"_s), person(u"Carl"_s, u"carl@example.org"_s)};
+        m_fake.configure({{u"messages"_s, QJsonArray{QJsonObject{{u"to"_s, everybody}}}}});
+        record();
+        m_house->click(reply);
+        QCOMPARE(m_fake.onlyOutgoing()[u"to"].toArray(), script ? QJsonArray{everybody.first()} : everybody);
+    }
+
     void onlyTheLastOfSeveralIsAnswered_data() { bothBackEnds(); }
     void onlyTheLastOfSeveralIsAnswered()
     {
@@ -245,6 +258,13 @@ private Q_SLOTS:
         record();
         m_house->click(reply);
         QCOMPARE(m_house->alerts.shown.size(), 1);
+        // One text for both, so what each shows is what the other shows.
+        const AlertContent alert = m_house->alerts.shown.first();
+        QCOMPARE(alert.messageText, u"Unable to Proceed"_s);
+        QCOMPARE(alert.informativeText,
+                 u"No messages appear to be selected in Mail. Please select a message and try again."_s);
+        QCOMPARE(alert.buttons, QStringList(u"OK"_s));
+        QVERIFY(alert.style == AlertContent::Style::Warning);
         QCOMPARE(m_fake.log(), QStringList({u"Application.Accounts"_s, u"Application.Selection"_s}));
         QVERIFY(controller().recordingExists());
     }

@@ -209,6 +209,28 @@ private Q_SLOTS:
         QCOMPARE(QDir(m_house->delegate.recordings->path()).entryList(QDir::Files).size(), 1);
     }
 
+    void withAPreparedMessageTheScriptIsNotAskedForTheSender_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("file") << u"song.ogg"_s;
+        QTest::newRow("text") << u"hello.txt"_s;
+    }
+
+    void withAPreparedMessageTheScriptIsNotAskedForTheSender()
+    {
+        QFETCH(QString, name);
+        set(SettingsKeys::bIncudeReplyToInName, true);
+        useTellingScript("nobodyKnowsThis()"); // asked, it would fail and an alert would say so
+        record();
+        m_house->writePrepared(name, "x");
+        m_house->choosePrepared(name);
+        m_house->click(reply);
+        QCOMPARE(m_house->alerts.shown.size(), 1);
+        QCOMPARE(told().at(7), QJsonValue(noAccount));
+        QCOMPARE(QDir(m_house->delegate.recordings->path()).entryList(QDir::Files),
+                 QStringList(u"2024-03-05_14-07-09.m4a"_s));
+    }
+
     void aScriptThatFailsTellsAndTheCommandGoesOnToItsEnd()
     {
         set(SettingsKeys::bIncudeReplyToInName, true);

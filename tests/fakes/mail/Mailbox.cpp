@@ -126,7 +126,7 @@ Outgoing Mailbox::replyTo(const Received &message, bool replyToAll) const
     reply.subject = u"Re: "_s + message.subject;
     reply.content = message.quote;
     reply.sender = message.replySender;
-    reply.to = message.to;
+    reply.to = replyToAll ? message.to : message.to.first(std::min<qsizetype>(message.to.size(), 1));
     if (replyToAll) {
         reply.cc = message.cc;
         reply.bcc = message.bcc;

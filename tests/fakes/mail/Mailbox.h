@@ -32,13 +32,13 @@ struct Outgoing {
     void insert(Attached attachment);
 };
 
-/// A message that lies in a folder, and what the reply to it looks like.
+/// A message that lies in a folder, and what the reply to all of it looks like.
 struct Received {
     QString subject;
     QString replyTo;
     QString quote;
     QString replySender;
-    Addresses to;
+    Addresses to; ///< The first is who wrote it: a plain reply goes there alone.
     Addresses cc;
     Addresses bcc;
 };

@@ -10,6 +10,7 @@ using kest::test::AppHouse;
 namespace {
 
 const QString own = QStringLiteral("org.kest.Kest");
+const QString tick = QStringLiteral("tick");
 
 } // namespace
 
@@ -28,6 +29,30 @@ class TestAppDelegate : public QObject
     QStringList recordings() const
     {
         return QDir(m_house->recordings()).entryList(QDir::Files | QDir::Hidden);
+    }
+
+    /// The one that refreshes the microphone's name.
+    QTimer &inputNameTimer() const
+    {
+        const auto timers = m_house->delegate->findChildren<QTimer *>();
+        const auto timer = std::ranges::find_if(timers, [](QTimer *t) { return t->isActive() && !t->isSingleShot(); });
+        if (timer == timers.end())
+            qFatal("no timer refreshes the microphone's name");
+        return **timer;
+    }
+
+    /// What makes the delegate look at the microphone's name: its timer, or an
+    /// application that comes to the front.
+    void updateBy(const QString &event) const
+    {
+        if (event != tick) {
+            m_house->workspace().activate(event);
+            return;
+        }
+        QSignalSpy ticks(&inputNameTimer(), &QTimer::timeout);
+        inputNameTimer().setInterval(1);
+        QTRY_VERIFY(!ticks.isEmpty());
+        inputNameTimer().setInterval(30000);
     }
 
 private Q_SLOTS:
@@ -81,27 +106,39 @@ private Q_SLOTS:
     void theInputNameIsRefreshedEveryThirtySeconds()
     {
         m_house->launch();
-        const auto timers = m_house->delegate->findChildren<QTimer *>();
-        const auto timer = std::ranges::find_if(timers, [](QTimer *t) { return t->isActive() && !t->isSingleShot(); });
-        QVERIFY(timer != timers.end());
-        QCOMPARE((*timer)->interval(), 30000);
+        QCOMPARE(inputNameTimer().interval(), 30000);
         m_house->hardware().name = QStringLiteral("USB Headset");
-        (*timer)->setInterval(1);
+        inputNameTimer().setInterval(1);
         QTRY_COMPARE(m_house->inputName(), QStringLiteral("UH"));
+    }
+
+    void theInputNameWaitsUntilTheRecordingIsStopped_data()
+    {
+        QTest::addColumn<bool>("paused");
+        QTest::addColumn<QString>("firstUpdate");
+        for (const bool paused : {false, true}) {
+            for (const QString &first : {tick, own, mailApplicationIdentifier})
+                QTest::addRow("%s, %s", paused ? "paused" : "running", qPrintable(first)) << paused << first;
+        }
     }
 
     void theInputNameWaitsUntilTheRecordingIsStopped()
     {
+        QFETCH(bool, paused);
+        QFETCH(QString, firstUpdate);
         m_house->launch();
         QTRY_COMPARE(m_house->inputName(), QStringLiteral("BM"));
         m_house->window().audioRecordingRecord();
-        m_house->window().audioRecordingPauseResume();
+        if (paused)
+            m_house->window().audioRecordingPauseResume();
         m_house->hardware().name = QStringLiteral("USB Headset");
-        m_house->workspace().activate(own);
-        QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
+        for (const QString &update : {tick, own, mailApplicationIdentifier}) {
+            updateBy(update);
+            QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
+        }
         m_house->window().audioRecordingStop();
         QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
-        m_house->workspace().activate(mailApplicationIdentifier);
+        updateBy(firstUpdate);
         QCOMPARE(m_house->inputName(), QStringLiteral("UH"));
     }
 

@@ -6,6 +6,8 @@
 
 #include <QtTest>
 
+#include <filesystem>
+
 using namespace kest;
 
 namespace {
@@ -43,6 +45,16 @@ class TestDefaultFolders : public QObject
 
     QString inMusic(const QString &name) const { return m_music.path() + u'/' + name; }
 
+    // Where the look-up of that key finds its folder; null when it finds none.
+    QString resolved(const QString &key)
+    {
+        FolderBookmarks folders(*m_defaults, m_store);
+        Error error;
+        const auto folder = key == SettingsKeys::dAudioRecordingFolder ? folders.recordingsDirectoryURLWithError(&error)
+                                                                       : folders.attachmentsDirectoryURLWithError(&error);
+        return folder ? folder->path() : QString();
+    }
+
     // A failure registers nothing.
     void verifyFails(const char *log)
     {
@@ -75,32 +87,51 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(m_dir->filePath(QStringLiteral("settings.ini"))));
     }
 
+    void foldersThatAreThereAreLeftAsTheyAre_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("recordings") << QStringLiteral("Kest");
+        QTest::newRow("prepared messages") << optionalName;
+    }
+
     void foldersThatAreThereAreLeftAsTheyAre()
     {
+        QFETCH(QString, folder);
         QVERIFY(registerAll());
-        QFile file(inMusic(QStringLiteral("Kest/old.m4a")));
-        QVERIFY(file.open(QFile::WriteOnly));
+        QFile file(inMusic(folder + QStringLiteral("/old.m4a")));
+        QVERIFY(file.open(QFile::WriteOnly) && file.write("spoken") == 6);
         file.close();
-        const auto before = QFileInfo(inMusic(QStringLiteral("Kest"))).lastModified();
+        // Long ago, so that a change shows however coarse the file system's clock is.
+        const std::filesystem::path path = inMusic(folder).toStdString();
+        const auto before = std::filesystem::last_write_time(path) - std::chrono::hours(24);
+        std::filesystem::last_write_time(path, before);
         QVERIFY(registerAll());
-        QVERIFY(file.exists());
-        QCOMPARE(QFileInfo(inMusic(QStringLiteral("Kest"))).lastModified(), before);
+        QCOMPARE(file.size(), 6);
+        QVERIFY(std::filesystem::last_write_time(path) == before);
+    }
+
+    void aDeletedFolderReappearsAtTheNextStartAlsoWhenAnotherIsChosen_data()
+    {
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<QString>("folder");
+        QTest::newRow("recordings") << SettingsKeys::dAudioRecordingFolder << QStringLiteral("Kest");
+        QTest::newRow("prepared messages") << SettingsKeys::dAttachmentsFolder << optionalName;
     }
 
     void aDeletedFolderReappearsAtTheNextStartAlsoWhenAnotherIsChosen()
     {
+        QFETCH(QString, key);
+        QFETCH(QString, folder);
         QVERIFY(registerAll());
         QVERIFY(QDir().mkpath(m_dir->filePath(QStringLiteral("mine"))));
         const FolderURL mine = FolderURL::fromPath(m_dir->filePath(QStringLiteral("mine")));
-        m_defaults->setObject(*m_store.bookmarkData(mine, nullptr), SettingsKeys::dAudioRecordingFolder);
-        QVERIFY(QDir(inMusic(QStringLiteral("Kest"))).removeRecursively());
+        m_defaults->setObject(*m_store.bookmarkData(mine, nullptr), key);
+        QVERIFY(QDir(inMusic(folder)).removeRecursively());
         QVERIFY(registerAll());
-        QVERIFY(QFileInfo(inMusic(QStringLiteral("Kest"))).isDir());
-        Error error;
-        FolderBookmarks folders(*m_defaults, m_store);
-        QCOMPARE(folders.recordingsDirectoryURLWithError(&error)->path(), mine.path());
-        m_defaults->setObject({}, SettingsKeys::dAudioRecordingFolder);
-        QCOMPARE(folders.recordingsDirectoryURLWithError(&error)->path(), inMusic(QStringLiteral("Kest")));
+        QVERIFY(QFileInfo(inMusic(folder)).isDir());
+        QCOMPARE(resolved(key), mine.path());
+        m_defaults->setObject({}, key);
+        QCOMPARE(resolved(key), inMusic(folder)); // by the bookmark of the folder that was made just now
     }
 
     void aChosenFolderThatIsDeletedIsError11001AndOneThatMovesIsStoredAgain()

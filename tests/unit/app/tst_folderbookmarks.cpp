@@ -35,6 +35,25 @@ public:
     std::optional<Resolved> resolved;
 };
 
+/// Notes whatever is logged, of every kind, while it lives.
+class Listening
+{
+public:
+    Listening()
+    {
+        heard.clear();
+        m_before = qInstallMessageHandler(
+            [](QtMsgType, const QMessageLogContext &, const QString &message) { heard.append(message); });
+    }
+    ~Listening() { qInstallMessageHandler(m_before); }
+    Q_DISABLE_COPY_MOVE(Listening)
+
+    static inline QStringList heard;
+
+private:
+    QtMessageHandler m_before = nullptr;
+};
+
 } // namespace
 
 class TestFolderBookmarks : public QObject
@@ -89,11 +108,22 @@ private Q_SLOTS:
                                  QStringLiteral("Stored optional attachments folder could not be retrieved") }));
     }
 
+    void withoutASlotNothingIsReported_data()
+    {
+        QTest::addColumn<bool>("registered");
+        QTest::newRow("no value") << false;
+        QTest::newRow("a bookmark that cannot be resolved") << true;
+    }
+
     void withoutASlotNothingIsReported()
     {
+        QFETCH(bool, registered);
+        if (registered)
+            m_defaults->registerDefaults(defaultsToRegister("R", "A"));
+        const Listening listening;
         QVERIFY(!m_folders->recordingsDirectoryURLWithError(nullptr));
-        m_defaults->registerDefaults(defaultsToRegister("R", "A"));
         QVERIFY(!m_folders->attachmentsDirectoryURLWithError(nullptr));
+        QCOMPARE(Listening::heard, QStringList());
     }
 
     void aFolderThatIsFoundLeavesTheSlotAndTheSettingAlone()

@@ -21,8 +21,11 @@ private Q_SLOTS:
         QCOMPARE(defaults.objectForKey(SettingsKeys::dAudioRecordingFolder).toByteArray(), QByteArray("R"));
         QCOMPARE(defaults.objectForKey(SettingsKeys::dAttachmentsFolder).toByteArray(), QByteArray("A"));
         QCOMPARE(defaults.boolForKey(SettingsKeys::bIncludeTagline), true);
-        QCOMPARE(defaults.boolForKey(SettingsKeys::bTrashNotDelete), true);
+        QCOMPARE(defaults.boolForKey(SettingsKeys::bDeleteOriginals), false);
         QCOMPARE(defaults.boolForKey(SettingsKeys::bSendReplies), false);
+        QCOMPARE(defaults.boolForKey(SettingsKeys::bWindowExpanded), false);
+        QCOMPARE(defaults.boolForKey(SettingsKeys::bIncudeReplyToInName), false);
+        QCOMPARE(defaults.boolForKey(SettingsKeys::bTrashNotDelete), true);
         QCOMPARE(defaults.integerForKey(SettingsKeys::iWhenToDelete), 0);
         QCOMPARE(defaults.objectForKey(SettingsKeys::emailAccountToUse).toString(), QStringLiteral("*none found*"));
     }
@@ -35,10 +38,10 @@ private Q_SLOTS:
         const QString reply = defaults.objectForKey(SettingsKeys::tReplyBody).toString();
         QCOMPARE(body.size(), 89);
         QCOMPARE(reply.size(), 87);
-        QCOMPARE(body.count(u'\n'), 2);
-        QCOMPARE(reply.count(u'\n'), 2);
-        QVERIFY(body.endsWith(QStringLiteral("\u201cemail\u201d\u2026")));
-        QVERIFY(reply.endsWith(QStringLiteral("my reply\u2026")));
+        const QString beginning =
+            QStringLiteral("Dear friend,\n\nI am trying to save on typing, so here is an audio recording of my ");
+        QCOMPARE(body, beginning + QStringLiteral("\u201cemail\u201d\u2026"));
+        QCOMPARE(reply, beginning + QStringLiteral("reply\u2026"));
         QCOMPARE(defaults.objectForKey(SettingsKeys::tNewMessageSubject).toString(),
                  QStringLiteral("A voice email from (your name here)"));
     }

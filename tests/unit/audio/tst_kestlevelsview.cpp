@@ -95,6 +95,18 @@ private Q_SLOTS:
         QCOMPARE(firstUnlit(draw(view)), 80);
     }
 
+    void isAllGreyAgainAtSilence()
+    {
+        KestLevelsView view;
+        view.resize(80, 6);
+        view.updatePowerLevel(3.0F);
+        QCOMPARE(firstUnlit(draw(view)), 80);
+        view.updatePowerLevel(-160.0F);
+        const QImage image = draw(view);
+        for (int x = 0; x < image.width(); ++x)
+            QCOMPARE(image.pixelColor(x, 3), unlit);
+    }
+
     // A border within a pixel is neither of the two colours there.
     void drawsTheLevelFractionally()
     {
