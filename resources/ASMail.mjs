@@ -14,6 +14,10 @@ import { mailApp, displayAlert } from "kest";
 
 const noAccountChosen = "*none found*";
 
+// The message whose sender was asked for. The reply that follows answers it even when another one is selected by then:
+// the recording already carries that sender's name.
+let named;
+
 // Subject, body: texts. Attachments: a list of paths or file URLs, or null. The index counts from the start of the body.
 export function mailNewMessageWithSubject(subject, body, attachments, insertionIndex, accountName) {
     const account = chosenAccount(accountName);
@@ -33,11 +37,13 @@ export function mailNewMessageWithSubject(subject, body, attachments, insertionI
         discard(message);
 }
 
-// Answers the last of the selected messages in the mail application's own reply, the text above the quote.
+// Answers the last of the selected messages, or the one whose sender has just been asked for, in the mail application's own
+// reply, the text above the quote.
 export function mailReplyAppendingBodyText(bodyText, attachments, withReplyAll, sendingReply, deletingOriginal,
                                            insertionIndex, accountName) {
     const account = chosenAccount(accountName);
-    const original = lastSelectedMessage();
+    const original = named ?? lastSelectedMessage();
+    named = undefined;
     if (failed() || !original)
         return;
     const features = mailApp.features;
@@ -74,6 +80,7 @@ export function mailReplyAppendingBodyText(bodyText, attachments, withReplyAll, 
 export function mailReplyGetSender() {
     const original = lastSelectedMessage();
     const sender = original ? original.replyTo : "";
+    named = sender ? original : undefined;
     return sender ? sender : null;
 }
 

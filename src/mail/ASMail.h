@@ -52,7 +52,8 @@ public:
 
     using Flags = ReplyFlags;
 
-    /// Answers the last message of the selection.
+    /// Answers the message of the last mailReplyGetSender() that gave a text, if
+    /// none was answered since; else the last message of the selection.
     void mailReplyAppendingBodyText(const QString &bodyText, const std::optional<QVariantList> &withAttachments,
                                     const Flags &flags, quint64 insertionIndex, const QString &accountName);
 

@@ -226,6 +226,19 @@ private Q_SLOTS:
         QCOMPARE(m_mail->mailReplyGetSender(), u"Bea <b@x.org>"_s);
     }
 
+    void theReplyAnswersTheMessageWhoseSenderWasAskedForWhateverIsSelectedNow()
+    {
+        const QJsonObject first{{u"subject"_s, u"first"_s}, {u"replyTo"_s, u"Ann <a@x.org>"_s}};
+        const QJsonObject last{{u"subject"_s, u"last"_s}, {u"replyTo"_s, u"Bea <b@x.org>"_s}};
+        m_fake.configure({{u"messages"_s, QJsonArray{first}}});
+        QCOMPARE(m_mail->mailReplyGetSender(), u"Ann <a@x.org>"_s);
+        for (const QString &subject : {u"Re: first"_s, u"Re: last"_s}) { // only the next reply
+            m_fake.configure({{u"messages"_s, QJsonArray{first, last}}});
+            m_mail->mailReplyAppendingBodyText(u"b"_s, {}, {}, 0, noAccountChosen);
+            QCOMPARE(m_fake.onlyOutgoing()[u"subject"].toString(), subject);
+        }
+    }
+
     void senderIsNullWhenThereIsNone()
     {
         m_fake.configure({{u"messages"_s, QJsonArray()}});
