@@ -15,8 +15,10 @@ kest_mail_endtoend(mail_losses)
 kest_mail_endtoend(mail_install)
 
 # Kest's own window beside it, answering what lies there.
-kest_mail_endtoend(window_replies)
-set_tests_properties(endtoend.window_replies PROPERTIES TIMEOUT 600)
+foreach(name window_replies window_replies_sent window_replies_html)
+  kest_mail_endtoend(${name})
+  set_tests_properties(endtoend.${name} PROPERTIES TIMEOUT 600)
+endforeach()
 
 # What every mail application that serves org.kest.Mail1 must do, asked of the real one.
 add_test(NAME endtoend.mailcontract_thunderbird

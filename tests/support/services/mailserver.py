@@ -76,7 +76,8 @@ class MailServer:
     """IMAP on `imap_port` for any user with `PASSWORD`; SMTP on `smtp_port`, which stores every message as a file.
 
     `sent()` lists what SMTP took, oldest first, as parsed messages; the files lie in `outbox` (NNN.eml). Setting
-    `refuse` to a reply such as "554 no thanks" makes SMTP refuse; `delay` holds its answer back, in seconds.
+    `refuse` to a reply such as "554 no thanks" makes SMTP refuse; `delay` holds its answer back, in seconds;
+    `before_answer` is called, in a thread of its own, with a mail there and the answer still to come.
     """
 
     PASSWORD = "secret"
@@ -87,6 +88,7 @@ class MailServer:
         self.outbox.mkdir()
         self.refuse = None
         self.delay = 0
+        self.before_answer = lambda: None
         self.taken = 0
         self.imap_port = free_port()
         # Beside the sandbox's own folder: that one is closed to the unprivileged user that Dovecot runs as.
@@ -192,6 +194,7 @@ class _Sink:
         import asyncio
         if self.server.delay:
             await asyncio.sleep(self.server.delay)
+        self.server.before_answer()
         if self.server.refuse:
             return self.server.refuse
         self.server.taken += 1
