@@ -1,4 +1,5 @@
 #include "RecorderBench.h"
+#include "TeeEncoder.h"
 
 #include "support/VirtualMicrophone.h"
 
@@ -45,8 +46,8 @@ private Q_SLOTS:
 private:
     void verifyTold(RecorderBench &bench, RecordingTrouble expected);
     void verifyTakeKept(RecorderBench &bench, double seconds);
-    void verifyGoesOnWithTheFirst(RecorderBench &bench);
-    static void verifyNothingOfTheOther(RecorderBench &bench);
+    void verifyGoesOnWithTheFirst(RecorderBench &bench, const TeeEncoder &captured);
+    static void verifyNothingOfTheOther(const TeeEncoder &captured);
     static std::unique_ptr<VirtualMicrophone> addLoudMicrophone();
 
     QElapsedTimer m_since;
@@ -85,26 +86,26 @@ void RecordingTroubleTest::verifyTakeKept(RecorderBench &bench, double seconds)
     QCOMPARE(probedSamples(bench.recorder->url()), std::llround(bench.recorder->currentTime() * 44100));
 }
 
-void RecordingTroubleTest::verifyGoesOnWithTheFirst(RecorderBench &bench)
+void RecordingTroubleTest::verifyGoesOnWithTheFirst(RecorderBench &bench, const TeeEncoder &captured)
 {
     QVERIFY(bench.waitForCapture(bench.recorder->currentTime() + 1.0));
     QVERIFY(bench.stopRecording());
     QVERIFY(bench.trouble->isEmpty());
     verifyTakeKept(bench, 1.5);
-    verifyNothingOfTheOther(bench);
+    verifyNothingOfTheOther(captured);
     const std::vector<float> samples = decoded(bench.recorder->url());
     const auto tail = samples.end() - std::min<std::ptrdiff_t>(4410, std::ssize(samples));
     QVERIFY2(std::any_of(tail, samples.end(), [](float sample) { return sample > 0.2F; }), "it ends in silence");
 }
 
-/// The first speaks with a peak of 0.3, the other with one of 0.9.
-void RecordingTroubleTest::verifyNothingOfTheOther(RecorderBench &bench)
+/// The first speaks with a peak of 0.3, the other with one of 0.9. Told by what was captured: the encoder overshoots where a
+/// sound sets in, and a busy machine's virtual microphone stops and sets in again.
+void RecordingTroubleTest::verifyNothingOfTheOther(const TeeEncoder &captured)
 {
-    const std::vector<float> samples = decoded(bench.recorder->url());
-    QVERIFY(samples.size() > 4410);
-    // The encoder overshoots where the sound sets in. The other comes later than that.
-    for (auto sample = samples.begin() + 4410; sample != samples.end(); ++sample)
-        QVERIFY2(std::fabs(*sample) < 0.5F, "something of the other microphone is in the recording");
+    QVERIFY(captured.samples().size() > 4410);
+    const auto louder = [](float sample) { return std::fabs(sample) > 0.35F; };
+    const auto found = std::count_if(captured.samples().begin(), captured.samples().end(), louder);
+    QVERIFY2(found == 0, QByteArray::number(qint64(found)).constData());
 }
 
 std::unique_ptr<VirtualMicrophone> RecordingTroubleTest::addLoudMicrophone()
@@ -163,32 +164,35 @@ void RecordingTroubleTest::removedMicrophoneIsToldAndTheTakeKept()
 void RecordingTroubleTest::noOtherMicrophoneIsTakenSilently()
 {
     const auto other = addLoudMicrophone();
-    RecorderBench bench;
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
     QVERIFY(bench.startRecording(0.5));
     m_since.start();
     tellSoundServer("remove_source", {{QStringLiteral("name"), QStringLiteral("kest_microphone")}});
     verifyTold(bench, RecordingTrouble::MicrophoneLost);
     verifyTakeKept(bench, 0.5);
-    verifyNothingOfTheOther(bench);
+    verifyNothingOfTheOther(*tee);
 }
 
 void RecordingTroubleTest::newDefaultMicrophoneDoesNotTakeOver()
 {
-    RecorderBench bench;
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
     QVERIFY(bench.startRecording(0.5));
     const auto other = addLoudMicrophone();
     tellSoundServer("set_default", {{QStringLiteral("name"), QStringLiteral("kest_other")}});
-    verifyGoesOnWithTheFirst(bench);
+    verifyGoesOnWithTheFirst(bench, *tee);
 }
 
 void RecordingTroubleTest::moveByThePersonIsRefused()
 {
     const auto other = addLoudMicrophone();
-    RecorderBench bench;
+    const auto tee = std::make_shared<TeeEncoder>();
+    RecorderBench bench(tee);
     QVERIFY(bench.startRecording(0.5));
     QVERIFY_THROWS_EXCEPTION(std::runtime_error,
                              tellSoundServer("move_recorders", {{QStringLiteral("name"), QStringLiteral("kest_other")}}));
-    verifyGoesOnWithTheFirst(bench);
+    verifyGoesOnWithTheFirst(bench, *tee);
 }
 
 void RecordingTroubleTest::killedServerIsToldAndTheTakeKept()
