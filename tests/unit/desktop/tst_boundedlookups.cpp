@@ -1,4 +1,4 @@
-#include "platform/linux/desktop/BoundedLookUps.h"
+#include "platform/BoundedLookUps.h"
 
 #include <QtTest>
 

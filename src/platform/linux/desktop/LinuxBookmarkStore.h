@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/BookmarkStore.h"
-#include "platform/linux/desktop/BoundedLookUps.h"
+#include "platform/BoundedLookUps.h"
 #include "platform/linux/desktop/FolderSearch.h"
 
 namespace kest {
