@@ -1,7 +1,8 @@
 #include "mail/PlainText.h"
 
+#include "platform/BoundedLookUps.h"
+
 #include <QCoreApplication>
-#include <QFile>
 #include <QStringDecoder>
 
 #include <cerrno>
@@ -45,6 +46,22 @@ std::optional<QStringConverter::Encoding> unmarkedUtf16(const QByteArray &bytes)
     return std::nullopt;
 }
 
+// Windows-1252 where it differs from ISO 8859-1, from 0x80 on; the five bytes that it leaves free stay as they are, as
+// the WHATWG Encoding Standard has it.
+constexpr char16_t windows1252[] = u"\u20ac\u0081\u201a\u0192\u201e\u2026\u2020\u2021\u02c6\u2030\u0160\u2039\u0152"
+                                   u"\u008d\u017d\u008f\u0090\u2018\u2019\u201c\u201d\u2022\u2013\u2014\u02dc\u2122"
+                                   u"\u0161\u203a\u0153\u009d\u017e\u0178";
+
+QString fromWindows1252(const QByteArray &bytes)
+{
+    QString text = QString::fromLatin1(bytes);
+    for (QChar &character : text) {
+        if (character >= QChar(0x80) && character <= QChar(0x9f))
+            character = windows1252[character.unicode() - 0x80];
+    }
+    return text;
+}
+
 QString decoded(const QByteArray &bytes)
 {
     for (const Mark &mark : marks()) {
@@ -53,7 +70,7 @@ QString decoded(const QByteArray &bytes)
     }
     if (const auto encoding = unmarkedUtf16(bytes))
         return QStringDecoder(*encoding).decode(bytes);
-    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
+    return bytes.isValidUtf8() ? QString::fromUtf8(bytes) : fromWindows1252(bytes);
 }
 
 Error readError(int number)
@@ -67,23 +84,50 @@ Error tooLargeError()
     return {kestErrorDomain, 0, QCoreApplication::translate("kest", "it is too large for a message's text"), {}};
 }
 
-// Not blocking, because the name may be a pipe's by now.
-int openedRegularFile(const FileURL &file, Error *error)
+Error wordsFor(int errorNumber)
 {
-    const int descriptor = ::open(file.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    struct stat status = {};
-    if (descriptor < 0 || ::fstat(descriptor, &status) != 0) {
-        handBack(error, readError(errno));
-    } else if (!S_ISREG(status.st_mode)) {
-        handBack(error, readError(S_ISDIR(status.st_mode) ? EISDIR : EINVAL));
-    } else if (status.st_size > largestTextFile) {
-        handBack(error, tooLargeError());
-    } else {
-        return descriptor;
+    return errorNumber == EFBIG ? tooLargeError() : readError(errorNumber);
+}
+
+struct Descriptor {
+    explicit Descriptor(int descriptor) : number(descriptor) { }
+    ~Descriptor()
+    {
+        if (number >= 0)
+            ::close(number);
     }
-    if (descriptor >= 0)
-        ::close(descriptor);
-    return -1;
+    Q_DISABLE_COPY_MOVE(Descriptor)
+    const int number;
+};
+
+// 0 for a regular file that is not too large, else why not, as an errno.
+int refusal(int descriptor)
+{
+    struct stat status = {};
+    if (descriptor < 0 || ::fstat(descriptor, &status) != 0)
+        return errno;
+    if (!S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
+    return status.st_size > largestTextFile ? EFBIG : 0;
+}
+
+BoundedLookUps::Outcome<QByteArray> contentsOf(const QByteArray &path)
+{
+    // Not blocking, because the name may be a pipe's or a device's.
+    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    if (const int reason = refusal(file.number))
+        return {{}, reason};
+    QByteArray bytes;
+    char block[65536];
+    ssize_t count = 0;
+    while ((count = ::read(file.number, block, sizeof block)) > 0) {
+        bytes.append(block, count);
+        if (bytes.size() > largestTextFile) // it grew meanwhile
+            return {{}, EFBIG};
+    }
+    if (count < 0)
+        return {{}, errno};
+    return {bytes};
 }
 
 } // namespace
@@ -93,26 +137,17 @@ QString plainText(const QByteArray &bytes)
     QString text = decoded(bytes);
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return text;
+    return text.replace(QChar(u'\0'), QChar(QChar::ReplacementCharacter));
 }
 
-std::optional<QString> plainTextOfFile(const FileURL &file, Error *error)
+std::optional<QString> plainTextOfFile(const FileURL &file, Error *error, std::chrono::milliseconds longestWait)
 {
-    const int descriptor = openedRegularFile(file, error);
-    if (descriptor < 0)
-        return std::nullopt;
-    QFile contents;
-    if (!contents.open(descriptor, QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
-        ::close(descriptor);
-        handBack(error, readError(EIO));
-        return std::nullopt;
-    }
-    const QByteArray bytes = contents.read(largestTextFile);
-    if (contents.error() != QFileDevice::NoError) {
-        handBack(error, readError(EIO));
-        return std::nullopt;
-    }
-    return plainText(bytes);
+    const QByteArray path = file.nativePath();
+    const auto contents = BoundedLookUps(longestWait).run(path, [path] { return contentsOf(path); });
+    if (contents.value)
+        return plainText(*contents.value);
+    handBack(error, wordsFor(contents.errorNumber));
+    return std::nullopt;
 }
 
 } // namespace kest

@@ -1,11 +1,16 @@
 #include "mail/PlainText.h"
+#include "support/HangingFileSystem.h"
+#include "support/PrivateMounts.h"
 #include "unit/mail/MailTestFiles.h"
 
+#include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 using namespace kest;
+using namespace kest::testing;
 using namespace Qt::StringLiterals;
 
 class TestPlainText : public QObject
@@ -28,7 +33,16 @@ private Q_SLOTS:
         QTest::newRow("Latin-1") << QByteArray("Gr\xfc\xdf""e") << u"Grüße"_s;
         QTest::newRow("empty") << QByteArray() << QString();
         QTest::newRow("only a mark") << QByteArray::fromHex("fffe") << QString();
-        QTest::newRow("with a NUL") << QByteArray("a\0b", 3) << u"a"_s + QChar() + u"b"_s;
+        QTest::newRow("with a NUL") << QByteArray("a\0b", 3) << u"a\ufffdb"_s;
+        QTest::newRow("UTF-16 with mark and a NUL") << QByteArray::fromHex("fffe410000004200") << u"A\ufffdB"_s;
+        QTest::newRow("UTF-16 with mark, no Western letter") << QByteArray::fromHex("feff65e5672c") << u"日本"_s;
+        QTest::newRow("UTF-16 with mark, a character above U+FFFF") << QByteArray::fromHex("fffe3cd899df") << u"🎙"_s;
+        QTest::newRow("UTF-16 with mark, half a unit at the end") << QByteArray::fromHex("fffe480061") << u"H"_s;
+        QTest::newRow("UTF-16 without mark, some letters beyond Latin-1")
+            << QByteArray::fromHex("500072006500690073003a0020003500ac20") << u"Preis: 5€"_s;
+        QTest::newRow("Windows-1252") << QByteArray("\x93""5 \x80\x94 \x96 na\xefve") << u"“5 €” – naïve"_s;
+        QTest::newRow("Windows-1252, a byte that it leaves free") << QByteArray("\x81\xe9") << u"\u0081é"_s;
+        QTest::newRow("UTF-8 cut off in a character") << QByteArray("caf\xc3") << u"cafÃ"_s;
     }
     void encodingIsDetected()
     {
@@ -40,6 +54,7 @@ private Q_SLOTS:
     void lineEndsBecomeLineFeeds()
     {
         QCOMPARE(plainText("a\r\nb\rc\nd\r\n\r\n"), u"a\nb\nc\nd\n\n"_s);
+        QCOMPARE(plainText(QByteArray::fromHex("fffe61000d000a006200")), u"a\nb"_s);
     }
 
     void fileIsReadWhole()
@@ -55,7 +70,10 @@ private Q_SLOTS:
         QTest::newRow("missing") << QByteArray("gone.txt") << u"No such file or directory"_s;
         QTest::newRow("folder") << QByteArray("folder.txt") << u"Is a directory"_s;
         QTest::newRow("pipe") << QByteArray("pipe.txt") << u"Invalid argument"_s;
-        QTest::newRow("too large") << QByteArray("large.txt") << u"it is too large for a message's text"_s;
+        QTest::newRow("link to itself") << QByteArray("loop.txt") << u"Too many levels of symbolic links"_s;
+        QTest::newRow("device") << QByteArray("zero.txt") << u"Invalid argument"_s;
+        QTest::newRow("50 MB") << QByteArray("50MB.txt") << u"it is too large for a message's text"_s;
+        QTest::newRow("one byte too large") << QByteArray("large.txt") << u"it is too large for a message's text"_s;
     }
     void whatCannotBeReadSaysWhy()
     {
@@ -63,6 +81,10 @@ private Q_SLOTS:
         QFETCH(QString, why);
         ::mkdir(m_files.at("folder.txt").nativePath().constData(), 0700);
         ::mkfifo(m_files.at("pipe.txt").nativePath().constData(), 0600);
+        ::symlink("/dev/zero", m_files.at("zero.txt").nativePath().constData());
+        ::symlink("loop.txt", m_files.at("loop.txt").nativePath().constData());
+        m_files.write("50MB.txt", "");
+        QCOMPARE(::truncate(m_files.at("50MB.txt").nativePath().constData(), 50'000'000), 0);
         m_files.write("large.txt", QByteArray(largestTextFile + 1, 'x'));
         Error error;
         QVERIFY(!plainTextOfFile(m_files.at(name), &error));
@@ -76,9 +98,28 @@ private Q_SLOTS:
         QCOMPARE(text->size(), largestTextFile);
     }
 
+    void aShareThatDoesNotAnswerIsGivenUp()
+    {
+        QTemporaryDir share;
+        const HangingFileSystem hanging(QFile::encodeName(share.path()));
+        QVERIFY2(hanging.isMounted(), qPrintable(qt_error_string()));
+        Error error;
+        const FileURL file = FileURL::fromPath(share.filePath(u"a.txt"_s));
+        QVERIFY(!plainTextOfFile(file, &error, std::chrono::milliseconds(100)));
+        QCOMPARE(error.description, u"Connection timed out"_s);
+    }
+
 private:
     test::MailTestFiles m_files;
 };
 
-QTEST_GUILESS_MAIN(TestPlainText)
+int main(int argc, char **argv)
+{
+    if (!enterPrivateMounts())
+        return 1;
+    QCoreApplication application(argc, argv);
+    TestPlainText test;
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_plaintext.moc"
