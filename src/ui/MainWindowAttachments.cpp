@@ -4,9 +4,10 @@
 #include "ui/MainWindowController.h"
 #include "ui/OptionalAttachmentsMenu.h"
 #include "ui/controls/Icons.h"
+#include "ui/controls/PullDownMenu.h"
 #include "ui_MainWindow.h"
 
-#include <QMenu>
+#include <cerrno>
 
 namespace kest {
 
@@ -15,15 +16,18 @@ void MainWindowController::menuNeedsUpdate()
     // A missing folder is told by the menu itself.
     Error unused; // the look-up's own log reads the slot
     const std::optional<FolderURL> folder = m_dependencies.delegate.attachmentsDirectoryURLWithError(&unused);
-    fillOptionalAttachmentsMenu(*attachmentsMenu(), folder, m_attachmentName);
-    if (folder && attachmentsMenu()->actions().size() == 1)
+    const int errorNumber = fillOptionalAttachmentsMenu(*attachmentsMenu(), folder, m_attachmentName, m_folderLookUps);
+    if (errorNumber == ETIMEDOUT)
+        m_notices.tell(NoticePlace::Subject::Hint, tr("The folder of prepared messages does not answer."),
+                       folder->displayPath());
+    else if (folder && attachmentsMenu()->items().isEmpty())
         m_notices.tell(NoticePlace::Subject::Hint, tr("The folder of prepared messages is empty."),
                        folder->displayPath());
 }
 
-void MainWindowController::attachmentChosen(QAction *item)
+void MainWindowController::attachmentChosen(const QString &title)
 {
-    const QString name = fileNameFromTitle(attachmentTitle(*item));
+    const QString name = fileNameFromTitle(title);
     const bool withdraws = name == m_attachmentName;
     chooseAttachment(withdraws ? QString() : name, withdraws ? m_attachmentsMenuImage : m_attachmentsMenuImageChosen);
     // Not the mirror of each other: a withdrawn choice disables the commands even where a recording is running.
@@ -38,7 +42,7 @@ void MainWindowController::removeAttachmentMenuSelection()
 void MainWindowController::chooseAttachment(const QString &name, const QString &image)
 {
     m_attachmentName = name;
-    attachmentsMenu()->actions().constFirst()->setIcon(iconNamed(image));
+    attachmentsMenu()->setImage(iconNamed(image));
     attachmentPopUp()->update();
     updateStatusNotice();
 }

@@ -8,10 +8,10 @@
 #include "ui/DetailPanel.h"
 #include "ui/WindowSizer.h"
 #include "ui/controls/Icons.h"
+#include "ui/controls/PullDownMenu.h"
 #include "ui_MainWindow.h"
 
 #include <QEvent>
-#include <QMenu>
 #include <QShortcut>
 #include <QWindow>
 
@@ -70,7 +70,7 @@ void MainWindowController::loadWindow()
     connect(m_ui->recordButton, &QAbstractButton::pressed, this,
             [this] { m_dependencies.recorderFactory.warmUp(); });
     connect(attachmentPopUp(), &PullDownButton::menuNeedsUpdate, this, &MainWindowController::menuNeedsUpdate);
-    connect(attachmentsMenu(), &QMenu::triggered, this, &MainWindowController::attachmentChosen);
+    connect(attachmentsMenu(), &PullDownMenu::triggered, this, &MainWindowController::attachmentChosen);
     for (const QKeySequence::StandardKey keys : {QKeySequence::Quit, QKeySequence::Close})
         connect(new QShortcut(keys, m_window.get()), &QShortcut::activated, m_window.get(), &QWidget::close);
     connectNotices();
@@ -82,7 +82,7 @@ void MainWindowController::awakeFromNib()
     m_attachmentsMenuImageChosen = QStringLiteral("Tick");
     m_heights = {.minHeight = 141.0, .expandedHeight = 321.0};
     m_attachmentName = QString();
-    attachmentsMenu()->actions().constFirst()->setIcon(iconNamed(m_attachmentsMenuImage));
+    attachmentsMenu()->setImage(iconNamed(m_attachmentsMenuImage));
     const bool expanded = m_dependencies.userDefaults.boolForKey(SettingsKeys::bWindowExpanded);
     expanded ? disclosureTriangleOpen() : disclosureTriangleClose();
     WindowFrame frame = m_sizer->frame();
@@ -246,7 +246,7 @@ ReadoutField *MainWindowController::timeField() const { return m_ui->timeField; 
 ControlButton *MainWindowController::pauseResumeButton() const { return m_ui->pauseResumeButton; }
 ControlButton *MainWindowController::disclosureTriangle() const { return m_ui->disclosureTriangle; }
 PullDownButton *MainWindowController::attachmentPopUp() const { return m_ui->attachmentPopUp; }
-QMenu *MainWindowController::attachmentsMenu() const { return m_ui->attachmentPopUp->menu(); }
+PullDownMenu *MainWindowController::attachmentsMenu() const { return m_ui->attachmentPopUp->menu(); }
 KestLevelsView *MainWindowController::levelsView() const { return m_ui->levelsView; }
 
 } // namespace kest

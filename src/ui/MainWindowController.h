@@ -3,6 +3,7 @@
 #include "audio/AudioRecorder.h"
 #include "mail/ASMail.h"
 #include "mail/MailController.h"
+#include "platform/BoundedLookUps.h"
 #include "ui/NoticePlace.h"
 #include "ui/WindowFrame.h"
 
@@ -15,9 +16,6 @@
 #include <chrono>
 #include <functional>
 #include <memory>
-
-class QAction;
-class QMenu;
 
 namespace Ui {
 class MainWindow;
@@ -34,6 +32,7 @@ class KestLevelsView;
 struct MessageDraft;
 class ProcessInfo;
 class PullDownButton;
+class PullDownMenu;
 class ReadoutField;
 class UserDefaults;
 class WindowSizer;
@@ -150,7 +149,7 @@ public:
     ControlButton *pauseResumeButton() const;
     ControlButton *disclosureTriangle() const;
     PullDownButton *attachmentPopUp() const;
-    QMenu *attachmentsMenu() const;
+    PullDownMenu *attachmentsMenu() const;
     KestLevelsView *levelsView() const;
 
     /// Where others put words for the person.
@@ -189,9 +188,9 @@ public Q_SLOTS:
     /// Lists the prepared messages anew; called before the menu opens.
     void menuNeedsUpdate();
 
-    /// Chooses the item's file, or withdraws the choice when it is the chosen
+    /// Chooses the file of the item with this title, or withdraws the choice when it is the chosen
     /// one. Withdrawing makes `canReplyOrCompose` false, recording or not.
-    void attachmentChosen(QAction *item);
+    void attachmentChosen(const QString &title);
 
     /// Withdraws the choice of a prepared message. Leaves `canReplyOrCompose`
     /// and the menu's check marks as they are.
@@ -298,6 +297,7 @@ private:
     std::unique_ptr<AudioRecorder> m_audioRecorder;
     WindowHeights m_heights;
     QString m_attachmentName;
+    BoundedLookUps m_folderLookUps{std::chrono::milliseconds(1000)}; // a person waits for the menu
     QString m_attachmentsMenuImage;
     QString m_attachmentsMenuImageChosen;
     QString m_recordingTime;

@@ -1,9 +1,12 @@
 #include "ui/OptionalAttachmentsMenu.h"
 
-#include <QCoreApplication>
-#include <QMenu>
+#include "ui/controls/PullDownMenu.h"
 
+#include <QCoreApplication>
+
+#include <cerrno>
 #include <dirent.h>
+#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 
@@ -15,63 +18,52 @@ struct CloseDirectory {
     void operator()(DIR *directory) const { ::closedir(directory); }
 };
 
-bool isRegularFile(const FileURL &file)
+// Most file systems tell the kind with the name; a look at each file would take longer than all the rest.
+bool isRegularFile(DIR *directory, const dirent &entry)
 {
-    // Not followed: a link is no regular file.
+    if (entry.d_type != DT_UNKNOWN)
+        return entry.d_type == DT_REG;
     struct stat status = {};
-    return ::lstat(file.nativePath().constData(), &status) == 0 && S_ISREG(status.st_mode);
+    return ::fstatat(::dirfd(directory), entry.d_name, &status, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(status.st_mode);
 }
 
-QList<FileURL> visibleEntries(const FolderURL &folder)
+QList<PullDownItem> itemsOf(const QStringList &names, const QString &chosenName)
 {
-    QList<FileURL> entries;
-    const std::unique_ptr<DIR, CloseDirectory> directory(::opendir(folder.nativePath().constData()));
-    while (const dirent *entry = directory ? ::readdir(directory.get()) : nullptr) {
-        if (entry->d_name[0] != '.')
-            entries.append(folder.appendingNativePathComponent(entry->d_name));
-    }
-    return entries;
-}
-
-QAction *addItem(QMenu &menu, const QString &title)
-{
-    // A single "&" would mark a letter to press.
-    QAction *item = menu.addAction(QString(title).replace(u'&', QStringLiteral("&&")));
-    item->setData(title);
-    return item;
-}
-
-QAction *itemWithTitle(const QMenu &menu, const QString &title)
-{
-    const QList<QAction *> items = menu.actions();
-    const auto found = std::find_if(items.cbegin(), items.cend(),
-                                    [&](const QAction *item) { return attachmentTitle(*item) == title; });
-    return found == items.cend() ? nullptr : *found;
+    QList<PullDownItem> items;
+    items.reserve(names.size());
+    for (const QString &name : names)
+        items.append({titleFromFileName(name), !chosenName.isNull() && name == chosenName});
+    return items;
 }
 
 } // namespace
 
-void fillOptionalAttachmentsMenu(QMenu &menu, const std::optional<FolderURL> &folder, const QString &chosenName)
+BoundedLookUps::Outcome<QStringList> regularFilesIn(const FolderURL &folder)
 {
-    const QList<QAction *> old = menu.actions();
-    for (qsizetype position = old.size() - 1; position >= 1; --position)
-        delete old[position];
+    const std::unique_ptr<DIR, CloseDirectory> directory(::opendir(folder.nativePath().constData()));
+    if (!directory)
+        return {{}, errno};
+    QStringList names;
+    while (const dirent *entry = ::readdir(directory.get())) {
+        if (entry->d_name[0] != '.' && isRegularFile(directory.get(), *entry))
+            names.append(FileURL::fromNativePath(QByteArray("/") + entry->d_name).lastPathComponent());
+    }
+    return {names};
+}
+
+int fillOptionalAttachmentsMenu(PullDownMenu &menu, const std::optional<FolderURL> &folder, const QString &chosenName,
+                                BoundedLookUps &lookUps)
+{
     if (!folder) {
-        addItem(menu, QCoreApplication::translate("kest", "No optional outgoing messages folder set"))
-            ->setEnabled(false);
-        return;
+        const QString title = QCoreApplication::translate("kest", "No optional outgoing messages folder set");
+        menu.setItems({{title, false, false}});
+        return 0;
     }
     folder->startAccessingSecurityScopedResource();
-    const QList<FileURL> entries = visibleEntries(*folder);
+    const auto files = lookUps.run(folder->nativePath(), [folder = *folder] { return regularFilesIn(folder); });
     folder->stopAccessingSecurityScopedResource();
-    for (const FileURL &entry : entries) {
-        if (!isRegularFile(entry))
-            continue;
-        const QString name = entry.lastPathComponent();
-        addItem(menu, titleFromFileName(name))->setCheckable(true);
-        if (name == chosenName)
-            itemWithTitle(menu, titleFromFileName(name))->setChecked(true);
-    }
+    menu.setItems(itemsOf(files.value.value_or(QStringList()), chosenName));
+    return files.value ? 0 : files.errorNumber;
 }
 
 QString titleFromFileName(const QString &name)
@@ -82,11 +74,6 @@ QString titleFromFileName(const QString &name)
 QString fileNameFromTitle(const QString &title)
 {
     return QString(title).replace(u'/', u':');
-}
-
-QString attachmentTitle(const QAction &item)
-{
-    return item.data().toString();
 }
 
 } // namespace kest

@@ -1,8 +1,9 @@
 #include "ui/controls/PullDownButton.h"
 
 #include "ui/controls/Icons.h"
+#include "ui/controls/PullDownAccessible.h"
+#include "ui/controls/PullDownMenu.h"
 
-#include <QMenu>
 #include <QPainter>
 
 namespace kest {
@@ -16,17 +17,16 @@ constexpr int chevronSpace = 14;
 
 PullDownButton::PullDownButton(QWidget *parent)
     : ControlButton(parent)
-    , m_menu(new QMenu(this))
+    , m_menu(new PullDownMenu(this))
 {
-    QAction *face = m_menu->addAction(QString());
-    face->setVisible(false);
-    connect(face, &QAction::changed, this, QOverload<>::of(&QWidget::update));
+    installPullDownAccessible();
+    connect(m_menu, &PullDownMenu::imageChanged, this, QOverload<>::of(&QWidget::update));
     connect(this, &QAbstractButton::clicked, this, &PullDownButton::openMenu);
 }
 
 QString PullDownButton::shownImage() const
 {
-    return m_menu->actions().constFirst()->icon().name();
+    return m_menu->image().name();
 }
 
 QSize PullDownButton::extraSize() const
@@ -46,11 +46,7 @@ void PullDownButton::paintEvent(QPaintEvent *event)
 void PullDownButton::openMenu()
 {
     Q_EMIT menuNeedsUpdate();
-    // An open menu without an item would be a speck that swallows the next click.
-    const QList<QAction *> items = m_menu->actions();
-    const bool any = std::any_of(items.cbegin(), items.cend(), [](const QAction *item) { return item->isVisible(); });
-    if (any)
-        m_menu->popup(mapToGlobal(QPoint(0, height() + 2)));
+    m_menu->popup();
 }
 
 } // namespace kest

@@ -2,9 +2,9 @@
 
 #include "ui/controls/ControlButton.h"
 
-class QMenu;
-
 namespace kest {
+
+class PullDownMenu;
 
 /// A button that opens a menu. Its face shows the image of the menu's first
 /// item, which stands only there and never in the open menu.
@@ -15,8 +15,8 @@ class PullDownButton : public ControlButton
 public:
     explicit PullDownButton(QWidget *parent = nullptr);
 
-    /// The menu, which this button owns; holds the first item from the start.
-    QMenu *menu() const { return m_menu; }
+    /// The menu, which this button owns.
+    PullDownMenu *menu() const { return m_menu; }
 
 Q_SIGNALS:
     /// The menu is about to open: the moment to fill it.
@@ -30,7 +30,7 @@ protected:
 private:
     void openMenu();
 
-    QMenu *m_menu;
+    PullDownMenu *m_menu;
 };
 
 } // namespace kest

@@ -2,11 +2,9 @@
 #include "ui/controls/ControlButton.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/MeterFrame.h"
-#include "ui/controls/PullDownButton.h"
 #include "ui/controls/ReadoutField.h"
 
 #include <QAccessible>
-#include <QMenu>
 #include <QPainter>
 #include <QVBoxLayout>
 #include <QtTest>
@@ -88,29 +86,6 @@ private Q_SLOTS:
         QVERIFY(accessible->textInterface());
         QCOMPARE(accessible->textInterface()->text(0, 5), QStringLiteral("00:07"));
         QVERIFY(accessible->state().readOnly);
-    }
-
-    void thePullDownShowsItsFirstItemOnItsFaceOnly()
-    {
-        PullDownButton button;
-        QCOMPARE(button.menu()->actions().size(), 1);
-        QVERIFY(!button.menu()->actions().constFirst()->isVisible());
-    }
-
-    void thePullDownFillsItsMenuBeforeItOpens()
-    {
-        PullDownButton button;
-        button.show();
-        QSignalSpy needed(&button, &PullDownButton::menuNeedsUpdate);
-        QSignalSpy shown(button.menu(), &QMenu::aboutToShow);
-        button.click();
-        QCOMPARE(needed.size(), 1);
-        QCOMPARE(shown.size(), 0);
-        connect(&button, &PullDownButton::menuNeedsUpdate, this,
-                [&] { button.menu()->addAction(QStringLiteral("a")); });
-        button.click();
-        QCOMPARE(shown.size(), 1);
-        button.menu()->close();
     }
 
     void ownColoursFollowTheSchemeWhereNoThemeHasColoured()
