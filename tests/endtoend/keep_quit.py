@@ -89,6 +89,17 @@ class KeepTest(unittest.TestCase):
         original = next(line for line in note.splitlines() if line.startswith("Path="))[len("Path="):]
         self.assertEqual(unquote(original), str(self.recordings / "b c.m4a"))
 
+    def test_another_program_lists_what_is_in_the_trash_and_puts_it_back(self):
+        self.run_program(iWhenToDelete=4)
+        self.close_window()
+        listed = self.sandbox.run(["trash-list"])
+        for name in ("a.m4a", "b c.m4a"):
+            self.assertIn(str(self.recordings / name), listed)
+            self.sandbox.run(["trash-restore"], cwd=self.recordings, input="0\n")
+        self.assertEqual(self.left(), set(NAMES))
+        self.assertEqual((self.recordings / "b c.m4a").read_text(), "b c.m4a")
+        self.assertEqual(self.trashed(), set())
+
     def test_every_recording_is_in_the_trash_when_the_session_ends(self):
         self.run_program(iWhenToDelete=-1)
         self.end()
