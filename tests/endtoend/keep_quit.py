@@ -167,6 +167,22 @@ class KeepTest(unittest.TestCase):
         self.sound.remove_source("usb")
         self.end()
 
+    def test_a_microphone_of_one_word_is_logged_and_the_next_one_is_shown(self):
+        self.run_program()
+        field = self.person.find(self.window, "Input Device")
+        wait_until(lambda: self.person.text(field) == "BM", "the microphone's abbreviation", 3)
+        for name, description in (("plain", "Microphone"), ("usb", "USB Mic")):
+            self.sound.add_source(name, description)
+            self.addCleanup(self.sound.remove_source, name)
+        self.addCleanup(self.sound.set_default, "kest_microphone")
+        self.sound.set_default("plain")
+        wait_until(lambda: field.description == "Microphone", "the whole name within 30 seconds", 40, every=0.5)
+        self.assertEqual(self.person.text(field), "BM")
+        self.assertIn("An exception was raised and not handled", self.sandbox.log("kest"))
+        self.sound.set_default("usb")
+        wait_until(lambda: self.person.text(field) == "UM", "the next microphone within 30 seconds", 40, every=0.5)
+        self.end()
+
     def test_a_sound_server_that_answers_late_does_not_leave_the_field_empty(self):
         self.sound.stall()
         self.addCleanup(self.sound.resume)

@@ -2,6 +2,7 @@
 #include "app/SettingsTable.h"
 #include "gui/app/AppHouse.h"
 
+#include <QTimer>
 #include <QtTest>
 
 using namespace kest;
@@ -196,6 +197,22 @@ private Q_SLOTS:
         QCOMPARE(m_house->window().inputNameField()->toolTip(), QStringLiteral("Microphone"));
         m_house->workspace().activate(QStringLiteral("XTerm"));
         QVERIFY(!m_house->isShown());
+    }
+
+    void afterADeviceNameOfOneWordTheNextTickShowsTheNextName()
+    {
+        m_house->launch();
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("BM"));
+        QTimer ticks;
+        connect(&ticks, &QTimer::timeout, m_house->delegate.get(), &AppDelegate::timeToUpdateInputName);
+        m_house->hardware().name = QStringLiteral("Microphone");
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("exception was raised")));
+        ticks.start(5);
+        QTRY_COMPARE(m_house->window().inputNameField()->toolTip(), QStringLiteral("Microphone"));
+        QCOMPARE(m_house->inputName(), QStringLiteral("BM"));
+        QCOMPARE(m_house->delegate->oldInputName(), QStringLiteral("Built-in Microphone"));
+        m_house->hardware().name = QStringLiteral("USB Mic");
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("UM"));
     }
 
     void closingTheWindowAsksForTheEnd()
