@@ -56,6 +56,7 @@ void MainWindowController::tellDirectoryNotFound()
 
 void MainWindowController::connectRecorder()
 {
+    m_recordingTrouble.reset();
     connect(m_audioRecorder.get(), &AudioRecorder::troubleOccurred, this, &MainWindowController::tellTrouble);
     connect(m_audioRecorder.get(), &AudioRecorder::finished, this, &MainWindowController::recordingFinished);
 }
@@ -69,22 +70,31 @@ void MainWindowController::afterRecordingStarted(bool recordHadFocus)
     namePauseResumeButton(false);
     m_details->showRecordingUnderWay(m_audioRecorder->recordingURL());
     if (!m_audioRecorder->recorder())
-        m_notices.tell(NoticePlace::Subject::Recording, wordsFor(RecordingTrouble::CannotWrite));
+        m_notices.tell(NoticePlace::Subject::Recording, wordsForNothingKept(RecordingTrouble::CannotWrite));
     updateStatusNotice();
 }
 
 void MainWindowController::tellTrouble(RecordingTrouble trouble, const QString &detail)
 {
-    const QString words = wordsFor(trouble);
+    m_recordingTrouble = trouble;
+    sayTrouble(wordsFor(trouble), detail);
+}
+
+void MainWindowController::sayTrouble(const QString &words, const QString &detail)
+{
     m_notices.tell(NoticePlace::Subject::Recording, words, detail);
     Q_EMIT recordingTroubleTold(words);
 }
 
 void MainWindowController::recordingFinished(bool kept)
 {
-    if (!kept)
+    if (!kept) {
         m_details->showRecording({}, std::nullopt);
-    else if (AudioFileRecorder *recorder = m_audioRecorder->recorder())
+        if (m_recordingTrouble && wordsForNothingKept(*m_recordingTrouble) != wordsFor(*m_recordingTrouble))
+            sayTrouble(wordsForNothingKept(*m_recordingTrouble), {});
+        return;
+    }
+    if (AudioFileRecorder *recorder = m_audioRecorder->recorder())
         m_details->showRecording(recorder->url(), recorder->currentTime());
 }
 

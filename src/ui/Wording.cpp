@@ -39,11 +39,32 @@ QString wordsFor(RecordingTrouble trouble)
     case RecordingTrouble::DiskFull:
         return translated(QT_TRANSLATE_NOOP("kest::Wording", "The disk is full. The recording so far is kept."));
     case RecordingTrouble::CannotWrite:
-        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The recording could not be written."));
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "Writing failed. What was recorded before is kept."));
     case RecordingTrouble::EncoderMissing:
         return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound encoder is missing, so nothing is recorded."));
     }
     return {};
+}
+
+QString wordsForNothingKept(RecordingTrouble trouble)
+{
+    switch (trouble) {
+    case RecordingTrouble::MicrophoneLost:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone went away, so nothing is recorded."));
+    case RecordingTrouble::SoundServerLost:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The sound server ended, so nothing is recorded."));
+    case RecordingTrouble::NoSound:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The microphone gives no sound; nothing is recorded."));
+    case RecordingTrouble::DiskFull:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The disk is full, so nothing is recorded."));
+    case RecordingTrouble::CannotWrite:
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "The recording could not be written."));
+    case RecordingTrouble::NoSoundServer:
+    case RecordingTrouble::NoMicrophone:
+    case RecordingTrouble::EncoderMissing:
+        break;
+    }
+    return wordsFor(trouble);
 }
 
 QString wordsForHandOver(qint64 done, qint64 total)

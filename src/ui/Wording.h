@@ -10,6 +10,10 @@ namespace kest {
 /// What happened to the recording, in calm words that fit one line.
 QString wordsFor(RecordingTrouble trouble);
 
+/// The same when the trouble came before anything of the recording was in its
+/// file, so that nothing is kept.
+QString wordsForNothingKept(RecordingTrouble trouble);
+
 /// "1.2 MB of 4.8 MB handed to the mail application"; bytes.
 QString wordsForHandOver(qint64 done, qint64 total);
 

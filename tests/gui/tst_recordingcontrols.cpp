@@ -320,7 +320,7 @@ private Q_SLOTS:
         row("server gone", RecordingTrouble::SoundServerLost, "The sound server ended. The recording is kept.");
         row("no sound", RecordingTrouble::NoSound, "The microphone gives no sound. What it gave is kept.");
         row("disk", RecordingTrouble::DiskFull, "The disk is full. The recording so far is kept.");
-        row("file", RecordingTrouble::CannotWrite, "The recording could not be written.");
+        row("file", RecordingTrouble::CannotWrite, "Writing failed. What was recorded before is kept.");
         row("encoder", RecordingTrouble::EncoderMissing, "The sound encoder is missing, so nothing is recorded.");
     }
 
@@ -335,6 +335,30 @@ private Q_SLOTS:
         compareState({true, true, true});
         QVERIFY(m_house->alerts.shown.isEmpty());
         QVERIFY(m_house->isEnabled(stop));
+    }
+
+    void aTroubleThatLeftNothingPromisesNothing_data()
+    {
+        QTest::addColumn<int>("trouble");
+        QTest::addColumn<QString>("words");
+        const auto row = [](const char *name, RecordingTrouble trouble, const char *words) {
+            QTest::newRow(name) << static_cast<int>(trouble) << QString::fromUtf8(words);
+        };
+        row("no microphone", RecordingTrouble::NoMicrophone, "No microphone was found, so nothing is recorded.");
+        row("unplugged", RecordingTrouble::MicrophoneLost, "The microphone went away, so nothing is recorded.");
+        row("server gone", RecordingTrouble::SoundServerLost, "The sound server ended, so nothing is recorded.");
+        row("no sound", RecordingTrouble::NoSound, "The microphone gives no sound; nothing is recorded.");
+        row("disk", RecordingTrouble::DiskFull, "The disk is full, so nothing is recorded.");
+        row("file", RecordingTrouble::CannotWrite, "The recording could not be written.");
+    }
+
+    void aTroubleThatLeftNothingPromisesNothing()
+    {
+        QFETCH(int, trouble);
+        m_house->click(record);
+        Q_EMIT recorder().troubleOccurred(static_cast<RecordingTrouble>(trouble), QString());
+        recorder().finish(false);
+        QTEST(m_house->notice(), "words");
     }
 
     void theNextRecordingClearsTheTroubleOfTheLast()

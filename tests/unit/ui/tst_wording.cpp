@@ -59,9 +59,11 @@ private Q_SLOTS:
     void everyTroubleHasShortWords()
     {
         for (int trouble = 0; trouble <= static_cast<int>(RecordingTrouble::EncoderMissing); ++trouble) {
-            const QString words = wordsFor(static_cast<RecordingTrouble>(trouble));
-            QVERIFY(words.endsWith(u'.'));
-            QVERIFY2(words.size() <= 60, qPrintable(words));
+            const auto value = static_cast<RecordingTrouble>(trouble);
+            for (const QString &words : {wordsFor(value), wordsForNothingKept(value)}) {
+                QVERIFY(words.endsWith(u'.'));
+                QVERIFY2(words.size() <= 60, qPrintable(words));
+            }
         }
     }
 
