@@ -53,7 +53,8 @@ class PackageTest:
         folder = self.work / "unpacked"
         shutil.rmtree(folder, ignore_errors=True)
         run(["dpkg-deb", "--extract", self.package, folder])
-        self.note("hardening.txt", run([sys.executable, here / "check_hardening.py", folder]))
+        commands = next(self.package.parent.glob("kest/obj-*/compile_commands.json"))
+        self.note("hardening.txt", run([sys.executable, here / "check_hardening.py", folder, commands]))
 
     def make_root(self):
         self.root.make()
