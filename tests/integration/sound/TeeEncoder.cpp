@@ -35,11 +35,6 @@ public:
         return real ? std::make_unique<TeeWriter>(std::move(real), m_copy) : nullptr;
     }
 
-    std::optional<FileFailure> writeFinished(int from, int to, std::optional<qint64> sampleCount) override
-    {
-        return m_real.writeFinished(from, to, sampleCount);
-    }
-
 private:
     EncoderPlugin &m_real;
     std::vector<float> &m_copy;

@@ -1,5 +1,7 @@
 #include "RecorderBench.h"
 
+#include "platform/linux/sound/boxes/FinishedWriter.h"
+
 #include "support/VirtualMicrophone.h"
 
 #include <QDir>
@@ -33,6 +35,7 @@ private Q_SLOTS:
     void killedRecordingIsPlayable_data();
     void killedRecordingIsPlayable();
     void nextStartFinishesIt();
+    void nextStartNeedsNoEncoderForIt();
     void nextStartFindsItInItsRenamedFolder();
     void nextStartFindsItInTheFolderOfToday();
     void fileOfAnotherBirthIsLeftAlone();
@@ -142,6 +145,14 @@ void RecordingCrashTest::nextStartFinishesIt()
     QCOMPARE(QDir(m_root->filePath(QStringLiteral("Recordings"))).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
+void RecordingCrashTest::nextStartNeedsNoEncoderForIt()
+{
+    recordUntilKilledAfter(0.5);
+    RecorderBench bench(std::make_shared<EncoderLoader>(QByteArray("/nowhere/kest-encoder.so")));
+    QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
+    verifyOrdinary(file());
+}
+
 void RecordingCrashTest::nextStartFindsItInItsRenamedFolder()
 {
     recordUntilKilledAfter(0.5);
@@ -200,14 +211,11 @@ void RecordingCrashTest::fileThatCannotBeOpenedIsTriedAgain()
 void RecordingCrashTest::recordingCutShortOfItsLengthIsNotFinished()
 {
     const qint64 recorded = recordUntilKilledAfter(0.5);
-    QString problem;
-    EncoderPlugin *plugin = EncoderLoader().load(&problem);
-    QVERIFY2(plugin, qUtf8Printable(problem));
     QFile from(file().path());
     QFile to(m_root->filePath(QStringLiteral("finished.m4a")));
     QVERIFY(from.open(QIODevice::ReadOnly) && to.open(QIODevice::ReadWrite));
-    QVERIFY(plugin->writeFinished(from.handle(), to.handle(), recorded + 44100));
-    QVERIFY(!plugin->writeFinished(from.handle(), to.handle(), std::nullopt));
+    QVERIFY(copyAsFinished(from.handle(), to.handle(), recorded + 44100));
+    QVERIFY(!copyAsFinished(from.handle(), to.handle(), std::nullopt));
 }
 
 void RecordingCrashTest::nextStartLeavesARunningRecordingAlone()

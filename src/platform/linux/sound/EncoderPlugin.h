@@ -43,18 +43,11 @@ public:
     /// Null with `failure` set when the encoder cannot be had.
     virtual std::unique_ptr<RecordingWriter> createWriter(int file, const EncoderFormat &format,
                                                           FileFailure *failure) = 0;
-
-    /// Makes an ordinary file out of a recording: reads the one behind `from`,
-    /// whose end may be missing, and writes all of the one behind `to`. The new
-    /// file lasts exactly `sampleCount` samples, or, when that is not known,
-    /// what its packets hold. A recording that cannot be read, or holds less
-    /// than `sampleCount`, is a failure. Both descriptors stay the caller's.
-    virtual std::optional<FileFailure> writeFinished(int from, int to, std::optional<qint64> sampleCount) = 0;
 };
 
 /// Name of the C function by which the plugin hands out its EncoderPlugin, which
 /// lives as long as the process. The name carries the interface's generation.
-inline constexpr char encoderPluginEntry[] = "kest_encoder_plugin_1";
+inline constexpr char encoderPluginEntry[] = "kest_encoder_plugin_2";
 using EncoderPluginEntry = EncoderPlugin *(*)();
 
 } // namespace kest

@@ -96,9 +96,7 @@ int PulseRecorderFactory::finishInterruptedRecordings(const QList<FolderURL> &fo
     const int count = int(entries->size());
     if (count == 0)
         return 0;
-    m_jobs->run([entries, folders, encoders = m_encoders] {
-        RecordingRecovery(encoders, folders).finish(std::move(*entries));
-    });
+    m_jobs->run([entries, folders] { RecordingRecovery(folders).finish(std::move(*entries)); });
     m_jobs->waitForAll(milliseconds);
     return count;
 }

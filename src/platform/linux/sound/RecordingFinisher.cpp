@@ -1,5 +1,7 @@
 #include "platform/linux/sound/RecordingFinisher.h"
 
+#include "platform/linux/sound/boxes/FinishedWriter.h"
+
 #include <QtEndian>
 
 #include <unistd.h>
@@ -8,8 +10,7 @@
 
 namespace kest {
 
-std::optional<FileFailure> finishRecording(RecordingFile &file, EncoderPlugin &plugin,
-                                           std::optional<qint64> sampleCount)
+std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qint64> sampleCount)
 {
     if (!file.locate())
         return FileFailure::fromErrno(ENOENT);
@@ -17,7 +18,7 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, EncoderPlugin &p
     const Descriptor replacement = file.createReplacement(&failure);
     if (!replacement.isValid())
         return failure;
-    auto failed = plugin.writeFinished(file.descriptor(), replacement.get(), sampleCount);
+    auto failed = copyAsFinished(file.descriptor(), replacement.get(), sampleCount);
     if (!failed)
         failed = file.replace(replacement);
     if (failed)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/sound/EncoderPlugin.h"
+#include "platform/linux/sound/FileFailure.h"
 #include "platform/linux/sound/RecordingFile.h"
 
 #include <optional>
@@ -11,8 +11,7 @@ namespace kest {
 /// the same name. Lasts `sampleCount` samples; null: all that is there. Blocks
 /// for as long as the disk needs. After a failure the recording is as it was:
 /// playable, but not ordinary.
-std::optional<FileFailure> finishRecording(RecordingFile &file, EncoderPlugin &plugin,
-                                           std::optional<qint64> sampleCount);
+std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qint64> sampleCount);
 
 /// True when the file behind `file` holds a movie fragment, so was not finished.
 /// Null when it cannot be read.

@@ -56,12 +56,12 @@ void RecordingJob::encode()
 bool RecordingJob::openWriter()
 {
     QString problem;
-    m_plugin = m_parts.encoders->load(&problem);
+    EncoderPlugin *plugin = m_parts.encoders->load(&problem);
     FileFailure failure;
-    if (m_plugin)
-        m_writer = m_plugin->createWriter(m_parts.file.descriptor(), m_parts.format, &failure);
+    if (plugin)
+        m_writer = plugin->createWriter(m_parts.file.descriptor(), m_parts.format, &failure);
     if (!m_writer)
-        m_parts.capture->abort(RecordingTrouble::EncoderMissing, m_plugin ? failure.detail : problem);
+        m_parts.capture->abort(RecordingTrouble::EncoderMissing, plugin ? failure.detail : problem);
     return m_writer != nullptr;
 }
 
@@ -87,7 +87,7 @@ bool RecordingJob::finish()
     }
     // After a failure the file ends with its last whole fragment: then the packets tell how long it is.
     const auto count = m_failed ? std::nullopt : std::optional(m_written);
-    if (const auto failure = finishRecording(m_parts.file, *m_plugin, count)) {
+    if (const auto failure = finishRecording(m_parts.file, count)) {
         qCWarning(logRecording, "A recording stays unfinished: %ls", qUtf16Printable(failure->detail));
         if (!m_failed)
             writeFailed(*failure);

@@ -40,7 +40,6 @@ private:
     bool finish();
 
     Parts m_parts;
-    EncoderPlugin *m_plugin = nullptr;
     std::unique_ptr<RecordingWriter> m_writer;
     std::unique_ptr<RecordingJournal::Entry> m_entry;
     qint64 m_written = 0; // samples

@@ -58,10 +58,7 @@ QList<FolderURL> foldersIn(const FolderURL &parent)
 
 } // namespace
 
-RecordingRecovery::RecordingRecovery(std::shared_ptr<EncoderLoader> encoders, QList<FolderURL> folders)
-    : m_encoders(std::move(encoders)), m_folders(std::move(folders))
-{
-}
+RecordingRecovery::RecordingRecovery(QList<FolderURL> folders) : m_folders(std::move(folders)) { }
 
 void RecordingRecovery::finish(std::vector<std::unique_ptr<RecordingJournal::Entry>> entries)
 {
@@ -88,9 +85,7 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
             file->remove(); // ended before anything was heard
         return Outcome::Done;
     }
-    QString problem;
-    EncoderPlugin *plugin = m_encoders->load(&problem);
-    const auto failure = plugin ? finishRecording(*file, *plugin, std::nullopt) : FileFailure{0, problem};
+    const auto failure = finishRecording(*file, std::nullopt);
     if (!failure)
         return Outcome::Done;
     qCWarning(logRecovery, "A recording stays unfinished: %ls", qUtf16Printable(failure->detail));

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/linux/sound/EncoderLoader.h"
 #include "platform/linux/sound/RecordingFile.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
@@ -16,7 +15,8 @@ namespace kest {
 class RecordingRecovery
 {
 public:
-    RecordingRecovery(std::shared_ptr<EncoderLoader> encoders, QList<FolderURL> folders);
+    /// `folders` are looked through for recordings that are not in their place.
+    explicit RecordingRecovery(QList<FolderURL> folders);
 
     /// Finishes what the entries tell of. Entries whose file, or its disk, is
     /// out of reach stay for another start.
@@ -34,7 +34,6 @@ private:
     Search find(const RecordingJournal::Entry &entry) const;
     QList<FolderURL> placesFor(const FileURL &file) const;
 
-    const std::shared_ptr<EncoderLoader> m_encoders;
     const QList<FolderURL> m_folders;
 };
 

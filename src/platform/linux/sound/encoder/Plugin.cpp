@@ -1,5 +1,4 @@
 #include "platform/linux/sound/EncoderPlugin.h"
-#include "platform/linux/sound/encoder/FinishedWriter.h"
 #include "platform/linux/sound/encoder/FragmentedWriter.h"
 
 extern "C" {
@@ -25,18 +24,13 @@ public:
         }
         return writer;
     }
-
-    std::optional<FileFailure> writeFinished(int from, int to, std::optional<qint64> sampleCount) override
-    {
-        return copyAsFinished(from, to, sampleCount);
-    }
 };
 
 } // namespace
 
 } // namespace kest
 
-extern "C" Q_DECL_EXPORT kest::EncoderPlugin *kest_encoder_plugin_1()
+extern "C" Q_DECL_EXPORT kest::EncoderPlugin *kest_encoder_plugin_2()
 {
     static kest::AvPlugin plugin;
     return &plugin;
