@@ -94,7 +94,7 @@ QByteArray FinishingTest::content() const
 void FinishingTest::independentReadersAgree_data()
 {
     QTest::addColumn<int>("samples");
-    for (const int samples : {2049, 4410, 43 * 1024, 100'000, 30 * 44100})
+    for (const int samples : {1, 2, 1023, 1024, 1025, 2048, 4410, 43 * 1024, 100'000, 30 * 44100})
         QTest::addRow("%d samples", samples) << samples;
 }
 

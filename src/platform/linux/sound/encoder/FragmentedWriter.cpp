@@ -2,6 +2,8 @@
 
 #include <unistd.h>
 
+#include <utility>
+
 namespace kest {
 
 namespace {
@@ -91,8 +93,11 @@ int FragmentedWriter::takePacket(AVPacket *packet)
 int FragmentedWriter::flushFragment()
 {
     m_packetsInFragment = 0;
-    if (const int status = av_write_frame(m_muxer, nullptr); status < 0)
-        return status;
+    // The first time, the muxer writes only the header that was waiting, and keeps the packets back.
+    for (int times = std::exchange(m_headerWaits, false) ? 2 : 1; times > 0; --times) {
+        if (const int status = av_write_frame(m_muxer, nullptr); status < 0)
+            return status;
+    }
     avio_flush(m_muxer->pb);
     // The muxer forgets errors of writes that its buffer delayed.
     if (m_writeError)

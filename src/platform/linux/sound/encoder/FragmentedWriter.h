@@ -33,6 +33,7 @@ private:
     AacEncoder m_encoder;
     AVFormatContext *m_muxer = nullptr;
     int m_packetsInFragment = 0;
+    bool m_headerWaits = true;
     qint64 m_wholeBytes = 0;   // file length up to the last whole fragment
     qint64 m_writtenBytes = 0;
     int m_writeError = 0;      // errno of the first write that failed
