@@ -7,6 +7,7 @@
 #include <QString>
 #include <QVariantList>
 
+#include <functional>
 #include <optional>
 
 namespace kest {
@@ -57,6 +58,18 @@ public:
 
     /// True while a call is under way.
     virtual bool isBusy() const = 0;
+
+    /// Whether an inquiry starts a mail application when none serves the
+    /// interface.
+    enum class Starting { Never, WhereNone };
+
+    /// Finds out in the background whether a mail application answers, so that
+    /// the next call will not keep the person waiting. `told` is called once,
+    /// on the main thread, unless `context` is destroyed first: with nothing
+    /// when one answers, else with what is in the way. It may be called before
+    /// this returns.
+    virtual void inquire(Starting starting, QObject *context,
+                         std::function<void(const std::optional<Error> &hindrance)> told) = 0;
 
 Q_SIGNALS:
     void busyChanged(bool busy);

@@ -32,6 +32,15 @@ public:
 
     bool isBusy() const override { return m_busy; }
 
+    void inquire(Starting starting, QObject *, std::function<void(const std::optional<Error> &)> told) override
+    {
+        inquiries.append(starting);
+        if (holdInquiries)
+            held.append(std::move(told));
+        else
+            told(hindrance);
+    }
+
     void setBusy(bool busy)
     {
         m_busy = busy;
@@ -70,6 +79,11 @@ public:
     QHash<QString, QVariant> answers; ///< By member.
     QHash<QString, Error> failures;   ///< By member.
     std::function<void(const MailCall &)> whileBusy;
+
+    QList<Starting> inquiries;
+    std::optional<Error> hindrance; ///< What every inquiry is told.
+    bool holdInquiries = false;     ///< Then they are not answered, and wait in `held`.
+    QList<std::function<void(const std::optional<Error> &)>> held;
 
 private:
     bool m_busy = false;

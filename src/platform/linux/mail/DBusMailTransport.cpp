@@ -3,6 +3,7 @@
 #include "platform/linux/mail/DefaultMailApplication.h"
 #include "platform/linux/mail/MailErrors.h"
 #include "platform/linux/mail/MailFileDescriptor.h"
+#include "platform/linux/mail/MailInquiry.h"
 #include "platform/linux/mail/MailSignatures.h"
 
 #include <QDBusPendingCallWatcher>
@@ -81,6 +82,14 @@ MailReply DBusMailTransport::call(const MailCall &call)
     if (reply.error && concernsAllCalls(*reply.error))
         Q_EMIT mailApplicationUnreachable(*reply.error);
     return reply;
+}
+
+void DBusMailTransport::inquire(Starting starting, QObject *context,
+                                std::function<void(const std::optional<Error> &)> told)
+{
+    auto *inquiry = new MailInquiry(m_services, {m_limits.start, m_limits.answer}, std::move(told), this);
+    connect(context, &QObject::destroyed, inquiry, &MailInquiry::abandon);
+    inquiry->begin(starting == Starting::WhereNone);
 }
 
 MailReply DBusMailTransport::carryOut(const MailCall &call)

@@ -34,6 +34,8 @@ public:
 
     MailReply call(const MailCall &call) override;
     bool isBusy() const override { return m_isBusy; }
+    void inquire(Starting starting, QObject *context,
+                 std::function<void(const std::optional<Error> &hindrance)> told) override;
 
     /// Begins to watch for mail applications and their focus.
     void watch();

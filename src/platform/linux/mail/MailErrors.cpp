@@ -46,6 +46,8 @@ QString sentence(MailErrorCode code)
         return localized("The mail application's answer makes no sense to Kest.");
     case MailErrorCode::Ending:
         return localized("Kest is ending.");
+    case MailErrorCode::NotRunning:
+        return localized("No mail application is connected.");
     }
     return {};
 }

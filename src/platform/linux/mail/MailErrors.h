@@ -25,6 +25,7 @@ enum class MailErrorCode {
     NotDelivered,   ///< It was gone before the call reached it.
     Malformed,      ///< The answer is not what the interface says.
     Ending,         ///< This program is ending.
+    NotRunning,     ///< None serves the interface now, and none was to be started.
 };
 
 /// An error with the sentence for its code. `reason` is the failure's own
