@@ -4,10 +4,14 @@
 
 #include <QAbstractButton>
 #include <QAction>
+#include <QComboBox>
 #include <QLoggingCategory>
 #include <QMetaProperty>
+#include <QScopedValueRollback>
 #include <QShortcut>
 #include <QWidget>
+
+#include <memory>
 
 namespace kest {
 
@@ -112,6 +116,8 @@ void Bindings::connectAction(QObject &control, const QString &slot)
         connect(button, &QAbstractButton::clicked, this, call);
     else if (auto *menuItem = qobject_cast<QAction *>(&control))
         connect(menuItem, &QAction::triggered, this, call);
+    else if (auto *popup = qobject_cast<QComboBox *>(&control))
+        connect(popup, &QComboBox::activated, this, call);
     else
         complain(control, QStringLiteral("signal for an action"));
 }
@@ -173,7 +179,10 @@ void Bindings::connectSetting(QObject &control, const QString &key)
     const QMetaProperty shown = propertyOf(control, name);
     if (!shown.isValid())
         return complain(control, QStringLiteral("property for ") + key);
-    const auto show = [this, &control, shown, key] {
+    // A control may not be able to show a value (a choice without such an item): that is no wish to change it.
+    const auto showing = std::make_shared<bool>(false);
+    const auto show = [this, &control, shown, key, showing] {
+        const QScopedValueRollback<bool> guard(*showing, true);
         QVariant value = m_settings.objectForKey(key);
         if (value.isValid() && value.convert(shown.metaType()))
             copyValue(value, control, shown);
@@ -184,7 +193,12 @@ void Bindings::connectSetting(QObject &control, const QString &key)
             show();
     });
     PropertyObserver::observe(
-        control, name, [this, &control, shown, key] { m_settings.setObject(shown.read(&control), key); }, &control);
+        control, name,
+        [this, &control, shown, key, showing] {
+            if (!*showing)
+                m_settings.setObject(shown.read(&control), key);
+        },
+        &control);
 }
 
 void Bindings::makeInstances(QObject &root)

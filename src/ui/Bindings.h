@@ -17,8 +17,8 @@ class UserDefaults;
 ///
 /// On any control of the tree:
 ///
-///     action       name of the target's slot that the control's clicked() or
-///                  triggered() calls
+///     action       name of the target's slot that the control's clicked(),
+///                  triggered() or, when the person chose, activated() calls
 ///     keys         a key sequence that clicks the control while it is enabled
 ///     bound        "text=recordingTime; onAir=recordingActive": the control's
 ///                  property follows the target's, and the target's follows the

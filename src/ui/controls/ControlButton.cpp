@@ -5,12 +5,14 @@
 #include <QEvent>
 #include <QKeySequence>
 #include <QPainter>
+#include <QStyle>
 
 namespace kest {
 
 namespace {
 
 constexpr int plainHeight = 32;
+constexpr int leastTextMargin = 8;
 constexpr int roundSize = 38;
 constexpr int ghostSize = 24;
 constexpr int sidePadding = 12;
@@ -85,8 +87,14 @@ QSize ControlButton::sizeHint() const
     if (!m_image.isEmpty())
         width += glyphSize;
     if (!text().isEmpty())
-        width += fontMetrics().horizontalAdvance(text()) + (m_image.isEmpty() ? 0 : iconGap);
-    return QSize(width, plainHeight) + extraSize();
+        width += textWidth() + (m_image.isEmpty() ? 0 : iconGap);
+    // Only a font larger than the main window's needs more than the plain height.
+    return QSize(width, qMax(plainHeight, fontMetrics().height() + leastTextMargin)) + extraSize();
+}
+
+int ControlButton::textWidth() const
+{
+    return text().isEmpty() ? 0 : fontMetrics().size(Qt::TextSingleLine | Qt::TextShowMnemonic, text()).width();
 }
 
 QColor ControlButton::fillColor() const
@@ -139,17 +147,20 @@ void ControlButton::paintEvent(QPaintEvent *)
 void ControlButton::paintContents(QPainter &painter) const
 {
     const QString image = shownImage();
-    const int textWidth = text().isEmpty() ? 0 : fontMetrics().horizontalAdvance(text());
-    const int imageWidth = image.isEmpty() ? 0 : glyphSize + (textWidth ? iconGap : 0);
-    const int left = (width() - extraSize().width() - imageWidth - textWidth) / 2;
+    const int textSize = textWidth();
+    const int imageWidth = image.isEmpty() ? 0 : glyphSize + (textSize ? iconGap : 0);
+    const int left = (width() - extraSize().width() - imageWidth - textSize) / 2;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     if (!image.isEmpty()) {
         const int x = mirrored ? width() - left - glyphSize : left;
         paintIconNamed(painter, QRectF(x, (height() - glyphSize) / 2.0, glyphSize, glyphSize), image, inkColor());
     }
     painter.setPen(inkColor());
-    const int textLeft = mirrored ? width() - left - imageWidth - textWidth : left + imageWidth;
-    painter.drawText(QRect(textLeft, 0, textWidth + 1, height()), Qt::AlignVCenter | Qt::TextSingleLine, text());
+    const int textLeft = mirrored ? width() - left - imageWidth - textSize : left + imageWidth;
+    const bool underlined = style()->styleHint(QStyle::SH_UnderlineShortcut, nullptr, this) != 0;
+    const int mnemonic = underlined ? Qt::TextShowMnemonic : Qt::TextHideMnemonic;
+    painter.drawText(QRect(textLeft, 0, textSize + 1, height()), Qt::AlignVCenter | Qt::TextSingleLine | mnemonic,
+                     text());
 }
 
 void ControlButton::paintFocusRing(QPainter &painter, double ringRadius) const

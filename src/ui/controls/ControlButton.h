@@ -65,6 +65,7 @@ protected:
 
 private:
     void paintContents(QPainter &painter) const;
+    int textWidth() const;
     void updateToolTip();
     double radius() const;
 

@@ -44,6 +44,12 @@ void ReadoutField::setElided(bool elided)
     update();
 }
 
+void ReadoutField::setElideMode(Qt::TextElideMode mode)
+{
+    m_elideMode = mode;
+    update();
+}
+
 void ReadoutField::setTextColor(const QColor &color)
 {
     QPalette changed = palette();
@@ -113,7 +119,7 @@ void ReadoutField::paintPlain()
         place.adjust(mirrored ? 0 : glyphSize + iconGap, 0, mirrored ? -glyphSize - iconGap : 0, 0);
     }
     painter.setPen(textColor());
-    const QString shown = m_elided ? fontMetrics().elidedText(text(), Qt::ElideRight, place.width()) : text();
+    const QString shown = m_elided ? fontMetrics().elidedText(text(), m_elideMode, place.width()) : text();
     painter.drawText(place, static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine,
                      shown);
 }

@@ -12,6 +12,7 @@ class ReadoutField : public QLabel
     Q_PROPERTY(bool tabular READ tabular WRITE setTabular)
     Q_PROPERTY(QString image READ image WRITE setImage)
     Q_PROPERTY(bool elided READ elided WRITE setElided)
+    Q_PROPERTY(Qt::TextElideMode elideMode READ elideMode WRITE setElideMode)
 
 public:
     explicit ReadoutField(QWidget *parent = nullptr);
@@ -29,6 +30,10 @@ public:
     bool elided() const { return m_elided; }
     void setElided(bool elided);
 
+    /// Where the ellipsis stands; at the right unless set.
+    Qt::TextElideMode elideMode() const { return m_elideMode; }
+    void setElideMode(Qt::TextElideMode mode);
+
     void setTextColor(const QColor &color);
     QColor textColor() const { return palette().color(QPalette::WindowText); }
 
@@ -45,6 +50,7 @@ private:
 
     bool m_tabular = false;
     bool m_elided = false;
+    Qt::TextElideMode m_elideMode = Qt::ElideRight;
     QString m_image;
 };
 

@@ -96,6 +96,17 @@ private Q_SLOTS:
         QCOMPARE(m_target->pressed, 1);
     }
 
+    void aChoiceOfThePersonsCallsItsAction()
+    {
+        auto *choice = add<QComboBox>({{"action", QStringLiteral("press")}});
+        choice->addItems({QStringLiteral("a"), QStringLiteral("b")});
+        connectAll();
+        choice->setCurrentIndex(1);
+        QCOMPARE(m_target->pressed, 0);
+        QTest::keyClick(choice, Qt::Key_Up);
+        QCOMPARE(m_target->pressed, 1);
+    }
+
     void anUnknownNameIsAMistake_data()
     {
         QTest::addColumn<QByteArray>("property");
@@ -245,6 +256,17 @@ private Q_SLOTS:
         connectAll();
         QCOMPARE(line->text(), QStringLiteral("default"));
         QCOMPARE(stored.size(), 0);
+    }
+
+    void aValueThatAControlCannotShowIsNotStoredInItsPlace()
+    {
+        auto *choice = add<QComboBox>({{"settingsKey", QStringLiteral("iX")},
+                                       {"settingsProperty", QStringLiteral("currentIndex")}});
+        choice->addItem(QStringLiteral("a"));
+        connectAll();
+        m_settings->setObject(7, QStringLiteral("iX"));
+        QCOMPARE(choice->currentIndex(), -1);
+        QCOMPARE(m_settings->integerForKey(QStringLiteral("iX")), 7);
     }
 
     void theRootMakesTheInstancesThatItNames()

@@ -53,6 +53,16 @@ private Q_SLOTS:
         QCOMPARE(image.pixelColor(20, 20), QColor(10, 200, 30));
     }
 
+    void aMnemonicTakesNoRoomAndClicks()
+    {
+        ControlButton plain;
+        plain.setText(QStringLiteral("Close"));
+        ControlButton button;
+        button.setText(QStringLiteral("&Close"));
+        QCOMPARE(button.sizeHint(), plain.sizeHint());
+        QCOMPARE(button.shortcut(), QKeySequence(Qt::ALT | Qt::Key_C));
+    }
+
     void theTooltipShowsTheKeys()
     {
         ControlButton button;
