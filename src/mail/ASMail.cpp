@@ -108,8 +108,7 @@ std::optional<QStringList> ASMail::retrieveEmailAccounts()
     const QJSValue names = run(u"retrieveEmailAccounts"_s, {});
     if (!names.isArray())
         return std::nullopt;
-    const QStringList list = names.toVariant().toStringList();
-    return list.isEmpty() ? std::nullopt : std::optional(list);
+    return names.toVariant().toStringList();
 }
 
 QJSValue ASMail::run(const QString &operation, const QJSValueList &arguments)

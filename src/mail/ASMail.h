@@ -61,7 +61,8 @@ public:
     /// "Name <address>"; a null text when there is none.
     QString mailReplyGetSender();
 
-    /// The names of the accounts, or nothing when there is none.
+    /// The names of the accounts, or nothing when the script gives no list. Our
+    /// script gives none when there is no account.
     std::optional<QStringList> retrieveEmailAccounts();
 
     /// Makes the script ready now rather than at the first operation.
