@@ -60,6 +60,13 @@ QPalette darkPalette()
                       QColor(0x39, 0x39, 0x3d), QColor(0x2a, 0x7f, 0xbf)});
 }
 
+QPalette subdued(QPalette palette)
+{
+    palette.setColor(QPalette::WindowText,
+                     mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.62));
+    return palette;
+}
+
 void applyColorScheme(ColorScheme scheme)
 {
     static bool ours = false;

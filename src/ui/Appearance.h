@@ -16,4 +16,7 @@ QPalette darkPalette();
 /// be called again when the person changes their mind.
 void applyColorScheme(ColorScheme scheme);
 
+/// The same colours, but quieter texts: for what need not be read.
+QPalette subdued(QPalette palette);
+
 } // namespace kest

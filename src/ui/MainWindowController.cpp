@@ -6,6 +6,7 @@
 #include "platform/ProcessInfo.h"
 #include "ui/Bindings.h"
 #include "ui/DetailPanel.h"
+#include "ui/PreferencesWindowController.h"
 #include "ui/WindowSizer.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/PullDownMenu.h"
@@ -35,6 +36,13 @@ bool replace(Value &stored, const Value &value)
     return true;
 }
 
+/// Null until a window showed the sheet.
+QPointer<PreferencesWindowController> &preferencesOfThisProcess()
+{
+    static QPointer<PreferencesWindowController> only;
+    return only;
+}
+
 } // namespace
 
 MainWindowController::MainWindowController(const MainWindowDependencies &dependencies, QObject *parent)
@@ -51,6 +59,8 @@ MainWindowController::MainWindowController(const MainWindowDependencies &depende
 MainWindowController::~MainWindowController()
 {
     invalidateStatusTimer();
+    if (preferencesOfThisProcess())
+        preferencesOfThisProcess()->leave(*m_window);
 }
 
 void MainWindowController::loadWindow()
@@ -189,7 +199,26 @@ void MainWindowController::setDisclosureTriangle(const QString &image, QChar key
 
 void MainWindowController::showPrefsSheet()
 {
-    m_notices.tell(NoticePlace::Subject::Hint, tr("Preferences come with the next release."));
+    QPointer<PreferencesWindowController> &only = preferencesOfThisProcess();
+    if (!only) {
+        m_preferences = std::make_unique<PreferencesWindowController>(PreferencesDependencies{
+            .clock = m_dependencies.clock,
+            .processInfo = m_dependencies.processInfo,
+            .bookmarkStore = m_dependencies.bookmarkStore,
+            .workspace = m_dependencies.workspace,
+            .mailTransport = m_dependencies.mailTransport,
+            .alertPresenter = m_dependencies.alertPresenter,
+            .userDefaults = m_dependencies.userDefaults,
+            .delegate = m_dependencies.delegate,
+            .notices = m_notices,
+        });
+        only = m_preferences.get();
+    }
+    setSheetShowing(true);
+    only->beginSheet(*m_window, [self = QPointer(this)] {
+        if (self)
+            self->setSheetShowing(false);
+    });
 }
 
 void MainWindowController::openHelp()

@@ -25,17 +25,20 @@ namespace kest {
 
 class ApplicationDelegate;
 class Bindings;
+class BookmarkStore;
 class ControlButton;
 class DetailPanel;
 class FolderContents;
 class KestLevelsView;
 struct MessageDraft;
+class PreferencesWindowController;
 class ProcessInfo;
 class PullDownButton;
 class PullDownMenu;
 class ReadoutField;
 class UserDefaults;
 class WindowSizer;
+class Workspace;
 
 /// What the main window needs of the rest. All must outlive the controller.
 struct MainWindowDependencies {
@@ -47,6 +50,8 @@ struct MainWindowDependencies {
     UserDefaults &userDefaults;
     ApplicationDelegate &delegate;
     FolderContents &folderContents;
+    BookmarkStore &bookmarkStore;
+    Workspace &workspace;
 
     std::function<void()> beep = [] { QApplication::beep(); };
 
@@ -152,6 +157,10 @@ public:
     PullDownMenu *attachmentsMenu() const;
     KestLevelsView *levelsView() const;
 
+    /// The process's one preferences sheet, where this window made it; null
+    /// before the first showing.
+    PreferencesWindowController *preferences() const { return m_preferences.get(); }
+
     /// Where others put words for the person.
     NoticePlace &notices() { return m_notices; }
 
@@ -159,6 +168,9 @@ public Q_SLOTS:
     void windowToggleExpanded();
     void disclosureTriangleClose();
     void disclosureTriangleOpen();
+
+    /// Shows the preferences as a sheet over the window. One sheet serves the
+    /// whole process; it is made at the first call.
     void showPrefsSheet();
     void openHelp();
 
@@ -284,6 +296,7 @@ private:
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Bindings> m_bindings;
     std::unique_ptr<DetailPanel> m_details;
+    std::unique_ptr<PreferencesWindowController> m_preferences; // null where another window made it
     WindowSizer *m_sizer = nullptr;
     NoticePlace m_notices;
 

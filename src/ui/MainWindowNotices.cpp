@@ -2,10 +2,11 @@
 
 #include "app/SettingsTable.h"
 #include "app/UserDefaults.h"
+#include "platform/FileAddress.h"
+#include "ui/Appearance.h"
 #include "ui/DetailPanel.h"
 #include "ui/MainWindowController.h"
 #include "ui/Wording.h"
-#include "ui/controls/Icons.h"
 #include "ui_MainWindow.h"
 
 #include <QAccessible>
@@ -23,20 +24,6 @@ QFont sized(QFont font, int pixels, QFont::Weight weight)
     font.setPixelSize(pixels);
     font.setWeight(weight);
     return font;
-}
-
-/// Quieter than the text colour: for what need not be read.
-QPalette subdued(QPalette palette)
-{
-    palette.setColor(QPalette::WindowText,
-                     mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.62));
-    return palette;
-}
-
-/// Byte for byte, also where the path is not UTF-8.
-QUrl urlOf(const FileURL &file)
-{
-    return QUrl::fromEncoded("file://" + file.nativePath().toPercentEncoding("/"), QUrl::StrictMode);
 }
 
 } // namespace
@@ -140,12 +127,12 @@ void MainWindowController::showNotice()
 
 void MainWindowController::showLastRecordingInFolder()
 {
-    Q_EMIT openURLRequested(urlOf(m_details->recording().deletingLastPathComponent()));
+    Q_EMIT openURLRequested(addressOf(m_details->recording().deletingLastPathComponent()));
 }
 
 void MainWindowController::playLastRecording()
 {
-    Q_EMIT openURLRequested(urlOf(m_details->recording()));
+    Q_EMIT openURLRequested(addressOf(m_details->recording()));
 }
 
 } // namespace kest

@@ -43,6 +43,10 @@ public:
     /// The rest of it; may be empty.
     QString detail() const;
 
+    /// The notice that this subject holds, shown or not; empty when it holds
+    /// none.
+    QString textOf(Subject subject) const { return m_notices.value(subject).text; }
+
     /// Its subject; Status when there is none.
     Subject subject() const;
 

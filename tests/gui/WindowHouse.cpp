@@ -58,8 +58,10 @@ void WindowHouse::open()
         .mailTransport = otherMail ? *otherMail : mail,
         .alertPresenter = alerts,
         .userDefaults = *settings,
-        .delegate = delegate,
+        .delegate = otherDelegate ? *otherDelegate : delegate,
         .folderContents = folderContents,
+        .bookmarkStore = bookmarks,
+        .workspace = workspace,
         .beep = [this] { ++beeps; },
         .finishTimeLimit = finishTimeLimit,
     });
@@ -80,6 +82,16 @@ QWidget *WindowHouse::widgetNamed(const QString &accessibleName) const
     if (found.size() != 1)
         qFatal("%lld controls are named %ls", static_cast<long long>(found.size()), qUtf16Printable(accessibleName));
     return found.first();
+}
+
+QDialog *WindowHouse::openPreferences() const
+{
+    click(QStringLiteral("Preferences"));
+    QDialog *sheet = controller->preferences()->window();
+    // Not qWaitForWindowActive: a window over an active one counts as active for it.
+    if (!QTest::qWaitFor([&] { return QApplication::activeWindow() == sheet; }))
+        qFatal("the preferences did not become active");
+    return sheet;
 }
 
 void WindowHouse::click(const QString &accessibleName) const

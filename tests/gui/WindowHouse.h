@@ -3,13 +3,17 @@
 #include "app/UserDefaults.h"
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeWorkspace.h"
 #include "fakes/RecordingAlertPresenter.h"
 #include "fakes/RecordingMailTransport.h"
 #include "platform/ProcessInfo.h"
+#include "platform/linux/desktop/LinuxBookmarkStore.h"
 #include "platform/linux/desktop/PosixFolderContents.h"
 #include "ui/ApplicationDelegate.h"
 #include "ui/MainWindowController.h"
+#include "ui/PreferencesWindowController.h"
 
+#include <QDialog>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -54,6 +58,10 @@ struct WindowHouse {
         return qobject_cast<Widget *>(widgetNamed(accessibleName));
     }
 
+    /// Opens the preferences by their control and waits until they are on the
+    /// screen.
+    QDialog *openPreferences() const;
+
     /// Clicks the control with the pointer.
     void click(const QString &accessibleName) const;
     bool isEnabled(const QString &accessibleName) const { return find(accessibleName)->isEnabled(); }
@@ -78,6 +86,9 @@ struct WindowHouse {
     RecordingAlertPresenter alerts;
     FakeDelegate delegate;
     PosixFolderContents folderContents;
+    ApplicationDelegate *otherDelegate = nullptr; ///< Used in place of `delegate` when set.
+    LinuxBookmarkStore bookmarks;
+    FakeWorkspace workspace;
     std::unique_ptr<UserDefaults> settings;
     int beeps = 0;
     std::chrono::milliseconds finishTimeLimit{30000};

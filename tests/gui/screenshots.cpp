@@ -2,14 +2,18 @@
 //
 //     screenshots FOLDER [light|dark]
 //
-// One picture per state, at the scale that QT_SCALE_FACTOR asks for.
+// One picture per state, at the scale that QT_SCALE_FACTOR asks for; FONT_PIXELS in the environment sets the size of
+// the desktop's font.
 
 #include "app/SettingsTable.h"
 #include "gui/WindowHouse.h"
 #include "ui/Appearance.h"
 #include "ui/controls/ReadoutField.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
+#include <QScreen>
 #include <QtTest>
 
 using namespace kest;
@@ -35,6 +39,37 @@ struct Studio {
         house.recorders.last()->setCurrentTime(47.0);
         house.recorders.last()->setAveragePower(0, -21.0F);
         house.controller->audioRecordingUpdateTimeWithTimer();
+    }
+
+    void takeSheet(const QString &name)
+    {
+        QTest::qWait(200);
+        house.controller->preferences()->window()->grab().save(folder.filePath(name + suffix + QStringLiteral(".png")));
+    }
+
+    /// The preferences: as they are at first, with all chosen, without a mail application, with a trouble.
+    void takePreferences()
+    {
+        house.mail.hindrance = Error{{}, 0, QStringLiteral("No mail application is connected."), {}};
+        house.openPreferences();
+        takeSheet(QStringLiteral("preferences-alone"));
+        house.mail.answers[QStringLiteral("Accounts")] =
+            QVariantList{QStringList{QStringLiteral("1"), QStringLiteral("Anna’s mail"), QStringLiteral("a@example.org")},
+                         QStringList{QStringLiteral("2"), QStringLiteral("Club"), QStringLiteral("b@example.org")}};
+        house.mail.hindrance.reset();
+        Q_EMIT house.mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
+        takeSheet(QStringLiteral("preferences-unchosen"));
+        house.find<QComboBox>(QStringLiteral("Sending Account"))->setCurrentIndex(1);
+        house.controller->preferences()->doChoosDefaultAccount();
+        takeSheet(QStringLiteral("preferences"));
+        QTest::qWait(100);
+        QGuiApplication::primaryScreen()->grabWindow(0).save(
+            folder.filePath(QStringLiteral("preferences-screen") + suffix + QStringLiteral(".png")));
+        house.find<QCheckBox>(QStringLiteral("Include Sender's Name"))->click();
+        house.find(QStringLiteral("Reply Text"))->setFocus();
+        Q_EMIT house.settings->troubleOccurred(QStringLiteral("The settings cannot be saved: Read-only file system."));
+        takeSheet(QStringLiteral("preferences-reply"));
+        house.controller->preferences()->closePrefsSheet();
     }
 
     /// The one for the front page: recording, with all that the window tells.
@@ -77,6 +112,11 @@ struct Studio {
 int main(int argc, char **argv)
 {
     QApplication app(argc, argv);
+    if (const int pixels = qEnvironmentVariableIntValue("FONT_PIXELS")) {
+        QFont font = QApplication::font();
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+    }
     Studio studio;
     studio.folder = QDir(QString::fromLocal8Bit(argv[1]));
     studio.folder.mkpath(QStringLiteral("."));
@@ -84,6 +124,7 @@ int main(int argc, char **argv)
     studio.suffix = dark ? QStringLiteral("-dark") : QString();
     applyColorScheme(dark ? ColorScheme::Dark : ColorScheme::Light);
     studio.takeAll();
+    studio.takePreferences();
     studio.takePortrait();
     return 0;
 }

@@ -1,0 +1,461 @@
+#include "app/LocalizedStrings.h"
+#include "app/SettingsTable.h"
+#include "gui/WindowHouse.h"
+#include "ui/MessagePreview.h"
+#include "ui/controls/ControlButton.h"
+#include "ui/controls/ReadoutField.h"
+
+#include <QAccessible>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QtTest>
+
+using namespace kest;
+using namespace kest::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList namesInTabOrder{
+    u"Subject"_s, u"Message Text"_s, u"Include Tagline"_s, u"Reply Text"_s, u"Include Sender's Name"_s,
+    u"Send Replies at Once"_s, u"Delete Original"_s, u"Sending Account"_s, u"Mail Back End"_s,
+    u"Choose Recordings Folder"_s, u"Reveal Recordings Folder"_s, u"Choose Optional Messages Folder"_s,
+    u"Reveal Optional Messages Folder"_s, u"Remove Recordings"_s, u"Move to Trash"_s, u"Close"_s};
+
+} // namespace
+
+/// The preferences sheet: its life, its controls, what it writes and shows.
+class TestPreferences : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<WindowHouse> m_house;
+
+    MainWindowController &controller() { return *m_house->controller; }
+    PreferencesWindowController &preferences() { return *controller().preferences(); }
+    QVariant setting(const QString &key) { return m_house->settings->objectForKey(key); }
+
+    /// What another process would read.
+    QVariant settingOnDisk(const QString &key)
+    {
+        const UserDefaults other(m_house->home.filePath(u"kest.ini"_s));
+        return other.objectForKey(key);
+    }
+
+    QString preview() { return m_house->find<MessagePreview>(u"Preview"_s)->text(); }
+
+    static void retype(QPlainTextEdit *text, const QString &typed)
+    {
+        text->selectAll();
+        QTest::keyClicks(text, typed);
+    }
+
+private Q_SLOTS:
+    void init()
+    {
+        m_house = std::make_unique<WindowHouse>();
+        m_house->openAndShow();
+    }
+
+    void cleanup() { m_house.reset(); }
+
+    // Its life
+
+    void itIsASheetOverTheWindow()
+    {
+        const QDialog *sheet = m_house->openPreferences();
+        QCOMPARE(sheet->windowModality(), Qt::WindowModal);
+        QCOMPARE(sheet->windowFlags() & Qt::WindowType_Mask, Qt::WindowFlags(Qt::Sheet));
+        QCOMPARE(sheet->parentWidget(), controller().window());
+        QVERIFY(controller().sheetShowing());
+    }
+
+    void nothingIsLoadedBeforeTheFirstShowing()
+    {
+        QVERIFY(!controller().preferences());
+        QVERIFY(m_house->mail.inquiries.isEmpty());
+    }
+
+    void oneControllerServesTheWholeProcess()
+    {
+        QDialog *first = m_house->openPreferences();
+        preferences().closePrefsSheet();
+        QCOMPARE(m_house->openPreferences(), first);
+        QCOMPARE(m_house->mail.inquiries.size(), 1);
+        preferences().closePrefsSheet();
+        {
+            WindowHouse other;
+            other.openAndShow();
+            other.controller->showPrefsSheet();
+            QVERIFY(!other.controller->preferences());
+            QCOMPARE(first->parentWidget(), other.controller->window());
+            QVERIFY(other.controller->sheetShowing());
+            preferences().closePrefsSheet();
+            QVERIFY(!other.controller->sheetShowing());
+        }
+        QCOMPARE(m_house->openPreferences(), first);
+    }
+
+    void everyWayOfClosingEndsTheSheet_data()
+    {
+        QTest::addColumn<int>("way");
+        QTest::newRow("Close") << 0;
+        QTest::newRow("Escape") << 1;
+        QTest::newRow("the window manager") << 2;
+        QTest::newRow("Ctrl+W") << 3;
+        QTest::newRow("its key") << 4;
+    }
+
+    void everyWayOfClosingEndsTheSheet()
+    {
+        QFETCH(int, way);
+        QDialog *sheet = m_house->openPreferences();
+        auto *subject = m_house->find<QLineEdit>(u"Subject"_s);
+        subject->selectAll();
+        QTest::keyClicks(subject, u"Half a sentence"_s);
+        switch (way) {
+        case 0: m_house->click(u"Close"_s); break;
+        case 1: QTest::keyClick(sheet, Qt::Key_Escape); break;
+        case 2: sheet->close(); break;
+        case 3: QTest::keyClick(sheet, Qt::Key_W, Qt::ControlModifier); break;
+        default: QTest::keyClick(sheet, Qt::Key_C, Qt::AltModifier); break;
+        }
+        QTRY_VERIFY(!sheet->isVisible());
+        QVERIFY(!controller().sheetShowing());
+        QVERIFY(!subject->hasFocus());
+        QCOMPARE(settingOnDisk(SettingsKeys::tNewMessageSubject).toString(), u"Half a sentence"_s);
+        QTRY_VERIFY(controller().window()->isActiveWindow());
+    }
+
+    void closingKeepsTheTextThatIsBeingTyped()
+    {
+        m_house->openPreferences();
+        auto *text = m_house->find<QPlainTextEdit>(u"Message Text"_s);
+        text->setFocus();
+        retype(text, u"Just this"_s);
+        preferences().closePrefsSheet();
+        QCOMPARE(settingOnDisk(SettingsKeys::tNewMessageBody).toString(), u"Just this"_s);
+        m_house->openPreferences();
+        QCOMPARE(text->toPlainText(), u"Just this"_s);
+    }
+
+    void enterInTheSubjectDoesNotClose()
+    {
+        const QDialog *sheet = m_house->openPreferences();
+        QTest::keyClick(m_house->find(u"Subject"_s), Qt::Key_Return);
+        QVERIFY(sheet->isVisible());
+    }
+
+    void openingSelectsNothingThatTypingWouldReplace()
+    {
+        m_house->openPreferences();
+        const auto *subject = m_house->find<QLineEdit>(u"Subject"_s);
+        QVERIFY(subject->hasFocus());
+        QVERIFY(!subject->hasSelectedText());
+    }
+
+    // Its controls
+
+    void everyControlHasItsName()
+    {
+        m_house->openPreferences();
+        QStringList names = namesInTabOrder;
+        names << u"Recordings Folder"_s << u"Optional Messages Folder"_s << u"Preview"_s << u"Preferences Notice"_s;
+        for (const QString &name : std::as_const(names)) {
+            QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(m_house->find(name));
+            QVERIFY2(accessible && accessible->text(QAccessible::Name) == name, qPrintable(name));
+        }
+    }
+
+    void noTextIsNamedLikeAControl()
+    {
+        const QDialog *sheet = m_house->openPreferences();
+        QStringList names;
+        for (QWidget *widget : sheet->findChildren<QWidget *>()) {
+            QAccessibleInterface *accessible = QAccessible::queryAccessibleInterface(widget);
+            if (accessible && widget->isVisible())
+                names.append(accessible->text(QAccessible::Name));
+        }
+        for (const QString &name : namesInTabOrder)
+            QVERIFY2(names.count(name) == 1, qPrintable(name));
+    }
+
+    void tabGoesThroughEveryControlInReadingOrder()
+    {
+        QDialog *sheet = m_house->openPreferences();
+        QStringList visited;
+        for (int i = 0; i < namesInTabOrder.size(); ++i) {
+            visited.append(sheet->focusWidget()->accessibleName());
+            QTest::keyClick(sheet->focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(visited, namesInTabOrder);
+        QCOMPARE(sheet->focusWidget()->accessibleName(), namesInTabOrder.first());
+    }
+
+    void everyLabelLeadsToItsControl()
+    {
+        QDialog *sheet = m_house->openPreferences();
+        QHash<QChar, QString> taken;
+        int buddies = 0;
+        const auto take = [&](const QString &text) {
+            const QKeySequence keys = QKeySequence::mnemonic(text);
+            QVERIFY2(!keys.isEmpty(), qPrintable(text));
+            const QChar letter = text.at(text.indexOf(u'&') + 1).toLower();
+            QVERIFY2(!taken.contains(letter), qPrintable(text + u" and "_s + taken.value(letter)));
+            taken.insert(letter, text);
+        };
+        for (const QLabel *label : sheet->findChildren<QLabel *>()) {
+            if (!label->buddy())
+                continue;
+            ++buddies;
+            take(label->text());
+        }
+        for (const QCheckBox *box : sheet->findChildren<QCheckBox *>())
+            take(box->text());
+        take(m_house->find<QAbstractButton>(u"Close"_s)->text());
+        QCOMPARE(buddies, 8);
+    }
+
+    void aLabelsKeyGoesToItsControl()
+    {
+        QDialog *sheet = m_house->openPreferences();
+        QTest::keyClick(sheet, Qt::Key_R, Qt::AltModifier);
+        QCOMPARE(sheet->focusWidget()->accessibleName(), u"Reply Text"_s);
+        QTest::keyClick(sheet, Qt::Key_F, Qt::AltModifier);
+        QCOMPARE(sheet->focusWidget()->accessibleName(), u"Choose Recordings Folder"_s);
+    }
+
+    void textsAreWrittenAtEveryKey_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("key");
+        QTest::newRow("subject") << u"Subject"_s << SettingsKeys::tNewMessageSubject;
+        QTest::newRow("message") << u"Message Text"_s << SettingsKeys::tNewMessageBody;
+        QTest::newRow("reply") << u"Reply Text"_s << SettingsKeys::tReplyBody;
+    }
+
+    void textsAreWrittenAtEveryKey()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, key);
+        m_house->openPreferences();
+        QWidget *field = m_house->find(name);
+        QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(field, Qt::Key_Delete);
+        QCOMPARE(settingOnDisk(key), QVariant(QString()));
+        QTest::keyClicks(field, u"Hi"_s);
+        QCOMPARE(settingOnDisk(key).toString(), u"Hi"_s);
+        QTest::keyClick(field, Qt::Key_Backspace);
+        QCOMPARE(settingOnDisk(key).toString(), u"H"_s);
+    }
+
+    void checkBoxesAreWrittenAtOnce_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("key");
+        QTest::newRow("tagline") << u"Include Tagline"_s << SettingsKeys::bIncludeTagline;
+        QTest::newRow("sender's name") << u"Include Sender's Name"_s << SettingsKeys::bIncudeReplyToInName;
+        QTest::newRow("send at once") << u"Send Replies at Once"_s << SettingsKeys::bSendReplies;
+        QTest::newRow("delete") << u"Delete Original"_s << SettingsKeys::bDeleteOriginals;
+        QTest::newRow("trash") << u"Move to Trash"_s << SettingsKeys::bTrashNotDelete;
+    }
+
+    void checkBoxesAreWrittenAtOnce()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, key);
+        const bool before = m_house->settings->boolForKey(key);
+        m_house->openPreferences();
+        auto *box = m_house->find<QCheckBox>(name);
+        QCOMPARE(box->isChecked(), before);
+        QTest::keyClick(box, Qt::Key_Space);
+        QCOMPARE(settingOnDisk(key), QVariant(!before));
+        QTest::keyClick(box, Qt::Key_Space);
+        QCOMPARE(settingOnDisk(key), QVariant(before));
+    }
+
+    void choicesAreWrittenAtOnce_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("key");
+        QTest::addColumn<int>("items");
+        QTest::newRow("age") << u"Remove Recordings"_s << SettingsKeys::iWhenToDelete << 4;
+        QTest::newRow("back end") << u"Mail Back End"_s << SettingsKeys::useASClass << 2;
+    }
+
+    void choicesAreWrittenAtOnce()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, key);
+        QFETCH(int, items);
+        m_house->openPreferences();
+        auto *choice = m_house->find<QComboBox>(name);
+        QCOMPARE(choice->count(), items);
+        QCOMPARE(choice->currentIndex(), m_house->settings->integerForKey(key));
+        QTest::keyClick(choice, Qt::Key_Home);
+        for (int item = 1; item < items; ++item) {
+            QTest::keyClick(choice, Qt::Key_Down);
+            QCOMPARE(settingOnDisk(key).toInt(), item);
+        }
+    }
+
+    void theBackEndIsReadAsTheChoiceSays()
+    {
+        m_house->openPreferences();
+        auto *choice = m_house->find<QComboBox>(u"Mail Back End"_s);
+        QTest::keyClick(choice, Qt::Key_Home);
+        QVERIFY(!m_house->settings->boolForKey(SettingsKeys::useASClass));
+        QTest::keyClick(choice, Qt::Key_End);
+        QVERIFY(m_house->settings->boolForKey(SettingsKeys::useASClass));
+    }
+
+    void anAgeThatIsNotListedIsToldAndKept()
+    {
+        m_house->settings->setObject(4, SettingsKeys::iWhenToDelete);
+        m_house->openPreferences();
+        const auto *choice = m_house->find<QComboBox>(u"Remove Recordings"_s);
+        QCOMPARE(choice->currentIndex(), -1);
+        QVERIFY(choice->placeholderText().startsWith(u"All"));
+        m_house->settings->setObject(-1, SettingsKeys::iWhenToDelete);
+        m_house->settings->setObject(5, SettingsKeys::iWhenToDelete);
+        QCOMPARE(setting(SettingsKeys::iWhenToDelete).toInt(), 5);
+    }
+
+    void theWheelChangesNoChoice()
+    {
+        m_house->openPreferences();
+        auto *choice = m_house->find<QComboBox>(u"Remove Recordings"_s);
+        const QPointF middle = QRectF(choice->rect()).center();
+        QWheelEvent wheel(middle, choice->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QApplication::sendEvent(choice, &wheel);
+        QCOMPARE(choice->currentIndex(), 0);
+    }
+
+    // The preview
+
+    void thePreviewFollowsTheTyping()
+    {
+        m_house->settings->setObject(u"Hi"_s, SettingsKeys::tNewMessageBody);
+        m_house->settings->setObject(u"Spoken"_s, SettingsKeys::tNewMessageSubject);
+        m_house->openPreferences();
+        const QString tagline = localizedString(taglineKey);
+        QCOMPARE(preview(), u"Spoken\n\nHi\n\n[2024-03-05_14-07-09.m4a]"_s + tagline);
+        QTest::keyClicks(m_house->find(u"Subject"_s), u"!"_s);
+        m_house->find<QPlainTextEdit>(u"Message Text"_s)->moveCursor(QTextCursor::End);
+        QTest::keyClicks(m_house->find(u"Message Text"_s), u"gh"_s);
+        m_house->find<QCheckBox>(u"Include Tagline"_s)->click();
+        QCOMPARE(preview(), u"Spoken!\n\nHigh\n\n[2024-03-05_14-07-09.m4a]"_s);
+        QCOMPARE(m_house->find(u"Preview"_s)->accessibleDescription(), preview());
+    }
+
+    void thePreviewTurnsToTheReplyThatIsWritten()
+    {
+        m_house->settings->setObject(u"Yes"_s, SettingsKeys::tReplyBody);
+        m_house->settings->setBool(false, SettingsKeys::bIncludeTagline);
+        m_house->openPreferences();
+        m_house->find(u"Reply Text"_s)->setFocus();
+        QVERIFY2(preview().endsWith(u"Yes\n\n[2024-03-05_14-07-09.m4a]"_s), qPrintable(preview()));
+        m_house->find<QCheckBox>(u"Include Sender's Name"_s)->click();
+        QVERIFY2(preview().endsWith(u"[2024-03-05_14-07-09_sender’s name.m4a]"_s), qPrintable(preview()));
+        m_house->find(u"Message Text"_s)->setFocus();
+        QVERIFY(!preview().contains(u"Yes"));
+    }
+
+    // What it looks like
+
+    void coloursFollowTheGeneration_data()
+    {
+        QTest::addColumn<int>("minor");
+        QTest::addColumn<bool>("light");
+        QTest::newRow("not told") << -1 << true;
+        QTest::newRow("0") << 0 << true;
+        QTest::newRow("9") << 9 << true;
+        QTest::newRow("10") << 10 << false;
+        QTest::newRow("15") << 15 << false;
+    }
+
+    void coloursFollowTheGeneration()
+    {
+        QFETCH(int, minor);
+        QFETCH(bool, light);
+        // A major version above 10 makes no difference, on purpose.
+        m_house->processInfo.version = minor < 0 ? std::nullopt : std::optional(OperatingSystemVersion{11, minor, 0});
+        const QDialog *sheet = m_house->openPreferences();
+        const QColor own = sheet->palette().color(QPalette::WindowText);
+        PreferencesWindowController &prefs = preferences();
+        for (const QWidget *widget : std::initializer_list<QWidget *>{
+                 prefs.includeNameCheckbox(), prefs.includeTaglineCheckbox(), prefs.moveToTrashCheckbox(),
+                 prefs.audioFolderLabel(), prefs.attachmentsLabel(), prefs.messageLabel(), prefs.replyLabel(),
+                 prefs.removeSavedLabel()}) {
+            const QColor color = widget->palette().color(QPalette::WindowText);
+            QCOMPARE(color.alphaF() < 1.0F, light);
+            QCOMPARE(color == QColor::fromRgbF(1.0F, 1.0F, 1.0F, 0.8F), light);
+            QCOMPARE(color == own, !light);
+        }
+        QCOMPARE(prefs.pathField()->textColor() == QColor(Qt::black), light);
+        QCOMPARE(prefs.attachmentsPathField()->textColor() == QColor(Qt::black), light);
+    }
+
+    void itFitsASmallScreenAndCutsNothing_data()
+    {
+        QTest::addColumn<int>("pixels");
+        QTest::newRow("usual") << 13;
+        QTest::newRow("large") << 20;
+        QTest::newRow("very large") << 28;
+    }
+
+    void itFitsASmallScreenAndCutsNothing()
+    {
+        QFETCH(int, pixels);
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+        const auto restore = qScopeGuard([&] { QApplication::setFont(before); });
+        const QDialog *sheet = m_house->openPreferences();
+        QVERIFY2(sheet->width() <= qMin(1024, sheet->screen()->availableSize().width()), qPrintable(QString::number(sheet->width())));
+        QVERIFY2(sheet->height() <= 728, qPrintable(QString::number(sheet->height())));
+        QVERIFY(!sheet->findChild<QScrollArea *>()->horizontalScrollBar()->isVisible());
+        for (const QWidget *widget : sheet->findChildren<QWidget *>()) {
+            const bool mayShrink = qobject_cast<const ReadoutField *>(widget) || widget->findChild<QAbstractScrollArea *>();
+            const bool isText = qobject_cast<const QLabel *>(widget) || qobject_cast<const QAbstractButton *>(widget)
+                || qobject_cast<const QComboBox *>(widget);
+            if (!widget->isVisible() || mayShrink || !isText)
+                continue;
+            const QSize needed = widget->minimumSizeHint();
+            QVERIFY2(widget->width() >= needed.width() && widget->height() >= needed.height(),
+                     qPrintable(u"%1 is %2x%3, needs %4x%5"_s.arg(widget->objectName())
+                                    .arg(widget->width()).arg(widget->height()).arg(needed.width()).arg(needed.height())));
+        }
+    }
+
+    void atTheUsualSizeNothingNeedsScrolling()
+    {
+        const QDialog *sheet = m_house->openPreferences();
+        const auto *area = sheet->findChild<QScrollArea *>();
+        QVERIFY(!area->verticalScrollBar()->isVisible());
+        QVERIFY(!area->horizontalScrollBar()->isVisible());
+    }
+
+    void troubleWithTheSettingsIsSaidOnTheSheet()
+    {
+        m_house->openPreferences();
+        const auto *notice = m_house->find<ReadoutField>(u"Preferences Notice"_s);
+        QVERIFY(notice->text().isEmpty());
+        Q_EMIT m_house->settings->troubleOccurred(u"The settings could not be saved."_s);
+        QCOMPARE(notice->text(), u"The settings could not be saved."_s);
+        QVERIFY(notice->isVisible());
+        QCOMPARE(m_house->notice(), notice->text());
+    }
+};
+
+QTEST_MAIN(TestPreferences)
+#include "tst_preferences.moc"
