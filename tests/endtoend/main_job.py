@@ -43,7 +43,7 @@ COMPOSE_TITLE = "Write: A voice email"
 
 
 class MainJob:
-    """One run; the steps stand in `run`."""
+    """One run; the steps stand in `beginning` and `end_of_work`."""
 
     def __init__(self, sandbox, build, output, sound, back_end, installed=False):
         self.sandbox = sandbox
@@ -55,21 +55,36 @@ class MainJob:
         self.pictures = 0
 
     def run(self):
-        step = Progress(14)
-        step("A sound server with a virtual microphone, a session bus, a display", self.start_desktop)
-        step("A mail server on loopback", self.start_mail_server)
-        step("Thunderbird with one account and our add-on", self.start_thunderbird)
-        step("Kest opens", self.start_kest)
-        step("Record, and a sentence is spoken", self.record)
-        step("Pause: the time stands still", self.pause)
-        step("Resume, and the sentence goes on", self.resume)
-        step("Stop", self.stop)
-        step("The recording is an ordinary .m4a with what was said", self.check_recording)
-        step("New Message: Thunderbird's compose window opens", self.compose)
-        step("The mail is sent from Thunderbird's own window", self.send)
-        step("The mail arrived, with subject, text and the recording", self.check_mail)
-        step("Kest closes, with nothing left behind", self.quit)
-        step("Everything that was started has ended", self.end)
+        steps = self.steps()
+        step = Progress(len(steps))
+        for what, action in steps:
+            step(what, action)
+
+    def steps(self):
+        """(what is done, the action), in order."""
+        return [*self.beginning(), *self.end_of_work()]
+
+    def beginning(self):
+        return [
+            ("A sound server with a virtual microphone, a session bus, a display", self.start_desktop),
+            ("A mail server on loopback", self.start_mail_server),
+            ("Thunderbird with one account and our add-on", self.start_thunderbird),
+            ("Kest opens", self.start_kest),
+            ("Record, and a sentence is spoken", self.record),
+            ("Pause: the time stands still", self.pause),
+            ("Resume, and the sentence goes on", self.resume),
+            ("Stop", self.stop),
+            ("The recording is an ordinary .m4a with what was said", self.check_recording),
+            ("New Message: Thunderbird's compose window opens", self.compose),
+            ("The mail is sent from Thunderbird's own window", self.send),
+            ("The mail arrived, with subject, text and the recording", self.check_mail),
+        ]
+
+    def end_of_work(self):
+        return [
+            ("Kest closes, with nothing left behind", self.quit),
+            ("Everything that was started has ended", self.end),
+        ]
 
     # Steps
 
@@ -145,22 +160,23 @@ class MainJob:
         self.picture("compose")
 
     def send(self):
-        mail_program = self.person.application("Thunderbird")
-        self.person.click(self.person.find(mail_program, "To", "entry"))
-        self.person.type_into(self.compose_window, RECIPIENT)
-        self.person.key("Tab", self.compose_window)
+        self.write_recipient(self.compose_window)
         self.picture("ready-to-send")
         self.thunderbird.send_from_window(COMPOSE_TITLE)
         self.mail_server.wait_sent()
 
+    def write_recipient(self, window):
+        mail_program = self.person.application("Thunderbird")
+        self.person.click(self.person.find(mail_program, "To", "entry"))
+        self.person.type_into(window, RECIPIENT)
+        self.person.key("Tab", window)
+
     def check_mail(self):
-        arrived = sorted(self.mail_server.outbox.glob("*.eml"))
-        if len(arrived) != 1:
-            raise ServiceError(f"{len(arrived)} mails arrived")
+        arrived = self.only_mail()
         in_one_call = "member=NewMessage" in self.sandbox.log("calls")
         if in_one_call != (self.back_end == "script"):
             raise ServiceError("the mail was not made through the back end that was asked for")
-        mail = ArrivedMail(shutil.copy2(arrived[0], self.output / "arrived.eml"))
+        mail = ArrivedMail(shutil.copy2(arrived, self.output / "arrived.eml"))
         if not mail.subject.startswith("A voice email from"):
             raise ServiceError(f"the subject is “{mail.subject}”")
         if "I am trying to save on typing" not in mail.text:
@@ -172,6 +188,12 @@ class MainJob:
             raise ServiceError(f"it carries {names}")
         if mail.attachments[0][2] != self.recording.read_bytes():
             raise ServiceError("the attachment differs from the recording")
+
+    def only_mail(self):
+        arrived = sorted(self.mail_server.outbox.glob("*.eml"))
+        if len(arrived) != 1:
+            raise ServiceError(f"{len(arrived)} mails arrived")
+        return arrived[0]
 
     def quit(self):
         self.kest.quit()
@@ -190,6 +212,11 @@ class MainJob:
     def close(self):
         self.sandbox.close()
 
+    def results(self):
+        """(what, where it lies), for the person who ran this."""
+        return [("Pictures", self.output / "*.png"), ("Recording", self.output / self.recording.name),
+                ("The mail", self.output / "arrived.eml")]
+
     # Helpers
 
     def spoken_seconds(self, name):
@@ -201,8 +228,8 @@ class MainJob:
         self.display.screenshot(self.output / f"{self.pictures:02}-{name}.png")
 
 
-def parse():
-    parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+def parse(description):
+    parser = argparse.ArgumentParser(description=description, formatter_class=argparse.RawDescriptionHelpFormatter)
     program = parser.add_mutually_exclusive_group(required=True)
     program.add_argument("--build", type=Path)
     program.add_argument("--installed", dest="build", action="store_const", const=Path("/usr"))
@@ -212,16 +239,17 @@ def parse():
     return parser.parse_args()
 
 
-def main():
-    options = parse()
+def perform(make_job, description):
+    """Runs the job in a sandbox of its own; returns the program's exit status."""
+    options = parse(description)
     shutil.rmtree(options.output, ignore_errors=True)
     options.output.mkdir(parents=True)
     # The fixtures find what was built, and the installer command, by these.
     os.environ["KEST_BUILD_DIR"] = str(options.build.resolve())
     os.environ["KEST_SOURCE_DIR"] = str(here.parent.parent)
     with Sandbox() as sandbox:
-        job = MainJob(sandbox, options.build.resolve(), options.output.resolve(), options.sound, options.back_end,
-                      installed=options.build == Path("/usr"))
+        job = make_job(sandbox, options.build.resolve(), options.output.resolve(), options.sound, options.back_end,
+                       installed=options.build == Path("/usr"))
         try:
             job.run()
         except Exception as error:
@@ -235,13 +263,11 @@ def main():
             return 1
         finally:
             job.close()
-    print(f"""
-It works.
-  Pictures:   {job.output}/*.png
-  Recording:  {job.output / job.recording.name}
-  The mail:   {job.output / 'arrived.eml'}""")
+    print("\nIt works.")
+    for what, where in job.results():
+        print(f"  {what + ':':<14}{where}")
     return 0
 
 
 if __name__ == "__main__":
-    sys.exit(main())
+    sys.exit(perform(MainJob, __doc__))
