@@ -19,6 +19,8 @@ using kest::testing::SmallFileSystem;
 namespace {
 
 constexpr qint64 toldWithinMilliseconds = 2000;
+constexpr double runUp = 1024 / 44100.0; // seconds that ffmpeg plays of the encoder's own at the head of an unfinished file
+constexpr double halfSample = 0.5 / 44100.0; // seconds
 constexpr qint64 page = 4096; // what a file in memory grows by
 
 } // namespace
@@ -85,7 +87,7 @@ void RecordingDiskTest::verifyTold(RecorderBench &bench, RecordingTrouble expect
 void RecordingDiskTest::verifyPlayable(const RecorderBench &bench, double seconds)
 {
     const double playable = double(decoded(bench.recorder->url()).size()) / 44100;
-    QVERIFY2(playable >= seconds, QByteArray::number(playable).constData());
+    QVERIFY2(playable >= seconds - halfSample, QByteArray::number(playable).constData());
 }
 
 void RecordingDiskTest::verifyNextStartFinishes(const RecorderBench &bench)
@@ -124,7 +126,7 @@ void RecordingDiskTest::brokenDiskEndsTheRecording()
     const FailingCalls broken(FileCall::WriteAt, "message.m4a", 1, EIO);
     verifyTold(bench, RecordingTrouble::CannotWrite);
     QVERIFY(broken.failures() > 0);
-    verifyPlayable(bench, before);
+    verifyPlayable(bench, before - runUp);
     QCOMPARE(listed(), QStringList(QStringLiteral("message.m4a")));
     QVERIFY2(!outermostBoxes(bench.recorder->url()).contains("moof"), "what was written could be finished, but was not");
 }
