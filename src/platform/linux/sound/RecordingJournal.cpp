@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <ctime>
 
 namespace kest {
@@ -32,6 +33,24 @@ QByteArray toJson(const RecordingFile &file)
 bool writeAll(int file, const QByteArray &bytes)
 {
     return write(file, bytes.constData(), size_t(bytes.size())) == bytes.size() && fsync(file) == 0;
+}
+
+/// The folder and its missing parents, open to nobody else: the entries say where the person's recordings lie.
+void makePrivateFolder(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    if (mkdir(path.constData(), 0700) < 0 && errno == ENOENT && slash > 0) {
+        makePrivateFolder(path.left(slash));
+        mkdir(path.constData(), 0700);
+    }
+}
+
+/// Whether nobody but this person can have written it. What an entry names is rewritten, and removed when empty.
+bool isOurs(int file)
+{
+    struct stat status = {};
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid()
+        && !(status.st_mode & (S_IWGRP | S_IWOTH));
 }
 
 void syncFolder(const QByteArray &path)
@@ -66,7 +85,8 @@ QByteArray RecordingJournal::defaultFolder()
 
 std::unique_ptr<RecordingJournal::Entry> RecordingJournal::remember(const RecordingFile &file) const
 {
-    QDir().mkpath(QFile::decodeName(m_folder));
+    makePrivateFolder(m_folder);
+    chmod(m_folder.constData(), 0700); // one that was made otherwise
     const QByteArray name = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
     // Written under another name first: another process must never see an entry that is not locked yet.
     const QByteArray hidden = m_folder + "/." + name;
@@ -102,8 +122,10 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::take(const QByteArray
 {
     auto entry = std::make_unique<Entry>();
     entry->m_path = path;
-    entry->m_lock = Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
-    if (!entry->m_lock.isValid() || flock(entry->m_lock.get(), LOCK_EX | LOCK_NB) < 0)
+    entry->m_lock = Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (!entry->m_lock.isValid() || !isOurs(entry->m_lock.get()))
+        return nullptr;
+    if (flock(entry->m_lock.get(), LOCK_EX | LOCK_NB) < 0)
         return nullptr; // another process is at it
     QByteArray bytes(largestEntry, '\0');
     const ssize_t length = read(entry->m_lock.get(), bytes.data(), size_t(bytes.size()));
