@@ -1,6 +1,7 @@
 """Speaks into a virtual microphone in real time."""
 
 import collections
+import itertools
 import os
 import subprocess
 import threading
@@ -10,7 +11,7 @@ BLOCK_SECONDS = 0.01
 
 
 class Microphone:
-    """Feeds a FIFO of signed 16-bit samples, block by block, as a sound card would: silence, or what `play` gives.
+    """Feeds a FIFO of signed 16-bit samples, block by block, as a sound card would: silence, the room's `hum`, or what `play` gives.
 
     Runs on a thread of its own. A block that the server does not take in time is dropped, as a sound card drops it.
     """
@@ -20,6 +21,7 @@ class Microphone:
         self.channels = channels
         self.rate = rate
         self._queue = collections.deque()
+        self._room = itertools.repeat(bytes(self._block_bytes()))
         self._lock = threading.Lock()
         self._drained = threading.Event()
         self._drained.set()
@@ -43,6 +45,13 @@ class Microphone:
         if wait:
             self._drained.wait()
 
+    def hum(self, raw):
+        """What is heard whenever nothing is played, again and again, in place of silence."""
+        block = self._block_bytes()
+        whole = len(raw) // block * block
+        with self._lock:
+            self._room = itertools.cycle([raw[at:at + block] for at in range(0, whole, block)])
+
     def hush(self, hushed=True):
         """Hushed, the microphone delivers nothing at all, not even silence; others may then write into the FIFO."""
         self._hushed = hushed
@@ -59,7 +68,7 @@ class Microphone:
             if self._queue:
                 return self._queue.popleft()
             self._drained.set()
-            return bytes(self._block_bytes())
+            return next(self._room)
 
     def _feed(self):
         # Read and write: opening never waits for the server, and its end is no broken pipe.

@@ -25,8 +25,16 @@ bool PulseRecorder::prepareToRecord()
     if (m_state != State::New)
         return false;
     FileFailure failure;
-    auto file = RecordingFile::create(m_url, &failure);
+    std::unique_ptr<RecordingJournal::Entry> entry;
+    const auto announce = [&](const FileURL &url) {
+        if (entry)
+            entry->done();
+        entry = m_parts.journal->announce(url);
+    };
+    auto file = RecordingFile::create(m_url, &failure, announce);
     if (!file) {
+        if (entry)
+            entry->done();
         const auto trouble = failure.isDiskFull() ? RecordingTrouble::DiskFull : RecordingTrouble::CannotWrite;
         // Queued like all news: the caller is not done with preparing yet.
         deliver(m_mailbox, [trouble, detail = failure.detail](PulseRecorder *recorder) {
@@ -36,11 +44,11 @@ bool PulseRecorder::prepareToRecord()
     }
     m_url = file->url();
     m_state = State::Prepared;
-    startJob(std::move(*file));
+    startJob(std::move(*file), std::move(entry));
     return true;
 }
 
-void PulseRecorder::startJob(RecordingFile file)
+void PulseRecorder::startJob(RecordingFile file, std::unique_ptr<RecordingJournal::Entry> entry)
 {
     const auto mailbox = m_mailbox;
     const auto tellTroubleFromAnywhere = [mailbox](RecordingTrouble trouble, const QString &detail) {
@@ -53,7 +61,7 @@ void PulseRecorder::startJob(RecordingFile file)
     const auto tellFinishedFromAnywhere = [mailbox](bool kept, const FileURL &url) {
         deliver(mailbox, [=](PulseRecorder *recorder) { recorder->tellFinished(kept, url); });
     };
-    auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, m_parts.journal,
+    auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, std::move(entry),
                                                                   std::move(file), m_format, tellTroubleFromAnywhere,
                                                                   tellFinishedFromAnywhere});
     m_parts.jobs->run([job] { job->run(); });

@@ -3,6 +3,7 @@
 #include "platform/AudioFileRecorder.h"
 #include "platform/linux/sound/CaptureSession.h"
 #include "platform/linux/sound/EncoderLoader.h"
+#include "platform/linux/sound/RecordingFile.h"
 #include "platform/linux/sound/RecordingJobs.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
@@ -55,7 +56,7 @@ private:
 
     static void deliver(const std::shared_ptr<Mailbox> &mailbox, News news);
     Q_INVOKABLE void takeNews();
-    void startJob(class RecordingFile file);
+    void startJob(RecordingFile file, std::unique_ptr<RecordingJournal::Entry> entry);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
     void tellFinished(bool kept, const FileURL &url);
     bool isRunning() const;

@@ -41,6 +41,12 @@ Descriptor openFolder(const QByteArray &path)
     return Descriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
+bool isTaken(const Descriptor &folder, const QByteArray &name)
+{
+    struct stat status = {};
+    return fstatat(folder.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
 } // namespace
 
 Descriptor::~Descriptor()
@@ -55,13 +61,21 @@ Descriptor &Descriptor::operator=(Descriptor &&other) noexcept
     return *this;
 }
 
-std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFailure *failure)
+std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFailure *failure,
+                                                   const std::function<void(const FileURL &file)> &announce)
 {
     RecordingFile made;
     made.m_folder = openFolder(wanted.deletingLastPathComponent().nativePath());
     const QByteArray wantedName = wanted.nativeLastPathComponent();
     for (int number = 1; made.m_folder.isValid() && !made.m_file.isValid() && number <= mostNames; ++number) {
         made.m_name = numberedName(wantedName, number);
+        if (isTaken(made.m_folder, made.m_name)) {
+            errno = EEXIST;
+            continue;
+        }
+        made.m_url = wanted.deletingLastPathComponent().appendingNativePathComponent(made.m_name);
+        if (announce)
+            announce(made.m_url);
         made.m_file = Descriptor(
             openat(made.m_folder.get(), made.m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, fileMode));
         if (!made.m_file.isValid() && errno != EEXIST)
@@ -75,7 +89,6 @@ std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFa
     undoBorrowedUmask(made.m_file.get());
     made.m_device = status.st_dev;
     made.m_inode = status.st_ino;
-    made.m_url = wanted.deletingLastPathComponent().appendingNativePathComponent(made.m_name);
     return made;
 }
 

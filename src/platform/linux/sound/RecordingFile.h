@@ -5,6 +5,7 @@
 
 #include <QByteArray>
 
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -35,8 +36,10 @@ class RecordingFile
 {
 public:
     /// Makes a new file. When the name is taken, one like it is made ("name
-    /// 2.m4a"): a recording never overwrites anything.
-    static std::optional<RecordingFile> create(const FileURL &wanted, FileFailure *failure);
+    /// 2.m4a"): a recording never overwrites anything. `announce` is called with
+    /// each name just before it is tried.
+    static std::optional<RecordingFile> create(const FileURL &wanted, FileFailure *failure,
+                                               const std::function<void(const FileURL &file)> &announce = {});
 
     /// Opens one that an earlier run left.
     static std::optional<RecordingFile> open(const FileURL &file, FileFailure *failure);

@@ -10,6 +10,40 @@
 
 namespace kest {
 
+namespace {
+
+/// What stands at the beginning of a file.
+struct FirstBoxes {
+    bool areReadable = true;
+    bool holdFragment = false;
+    bool holdMedia = false;
+    bool endWithTheFile = false;
+};
+
+FirstBoxes firstBoxes(int file)
+{
+    // ISO/IEC 14496-12: a file is a row of boxes, each with its length in 32 bits and its type.
+    FirstBoxes found;
+    quint64 position = 0;
+    for (int box = 0; box < 8 && !found.holdFragment; ++box) {
+        uchar header[8] = {};
+        const ssize_t length = pread(file, header, sizeof header, off_t(position));
+        found.areReadable = length >= 0;
+        found.endWithTheFile = length >= 0 && length < ssize_t(sizeof header);
+        if (length < ssize_t(sizeof header))
+            break;
+        found.holdFragment = std::memcmp(header + 4, "moof", 4) == 0;
+        found.holdMedia = found.holdMedia || std::memcmp(header + 4, "mdat", 4) == 0;
+        const quint32 boxLength = qFromBigEndian<quint32>(header);
+        if (boxLength < sizeof header)
+            break; // a length of 0 or 1 is never in front of a fragment of ours
+        position += boxLength;
+    }
+    return found;
+}
+
+} // namespace
+
 std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qint64> sampleCount)
 {
     if (!file.locate())
@@ -28,23 +62,14 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qi
 
 std::optional<bool> isFragmented(int file)
 {
-    // ISO/IEC 14496-12: a file is a row of boxes, each with its length in 32 bits and its type.
-    quint64 position = 0;
-    for (int box = 0; box < 8; ++box) {
-        uchar header[8] = {};
-        const ssize_t length = pread(file, header, sizeof header, off_t(position));
-        if (length < 0)
-            return std::nullopt;
-        if (length < ssize_t(sizeof header))
-            return false;
-        if (std::memcmp(header + 4, "moof", 4) == 0)
-            return true;
-        const quint32 boxLength = qFromBigEndian<quint32>(header);
-        if (boxLength < sizeof header)
-            return false; // a length of 0 or 1 is never in front of a fragment of ours
-        position += boxLength;
-    }
-    return false;
+    const FirstBoxes boxes = firstBoxes(file);
+    return boxes.areReadable ? std::optional(boxes.holdFragment) : std::nullopt;
+}
+
+bool mayHoldSound(int file)
+{
+    const FirstBoxes boxes = firstBoxes(file);
+    return !boxes.areReadable || boxes.holdFragment || boxes.holdMedia || !boxes.endWithTheFile;
 }
 
 } // namespace kest

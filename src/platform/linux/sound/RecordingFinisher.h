@@ -17,4 +17,8 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qi
 /// Null when it cannot be read.
 std::optional<bool> isFragmented(int file);
 
+/// False when the file behind `file` is empty or holds a header and nothing
+/// else: then nothing was recorded into it. True when it cannot be told.
+bool mayHoldSound(int file);
+
 } // namespace kest

@@ -19,8 +19,7 @@ constexpr int waitMilliseconds = 100;
 
 void RecordingJob::run()
 {
-    m_entry = m_parts.journal->remember(m_parts.file);
-    if (!m_entry)
+    if (!m_parts.entry || !m_parts.entry->confirm(m_parts.file))
         qCWarning(logRecording, "A crash would leave this recording unfinished: it could not be remembered");
     encode();
     const bool kept = finish();
@@ -81,8 +80,8 @@ bool RecordingJob::finish()
     const bool empty = m_written == 0 || isFragmented(m_parts.file.descriptor()) == false;
     if (empty) {
         m_parts.file.remove();
-        if (m_entry)
-            m_entry->done();
+        if (m_parts.entry)
+            m_parts.entry->done();
         return false;
     }
     // After a failure the file ends with its last whole fragment: then the packets tell how long it is.
@@ -93,8 +92,8 @@ bool RecordingJob::finish()
             writeFailed(*failure);
         return m_parts.file.locate();
     }
-    if (m_entry)
-        m_entry->done();
+    if (m_parts.entry)
+        m_parts.entry->done();
     return true;
 }
 

@@ -20,7 +20,7 @@ public:
     struct Parts {
         std::shared_ptr<CaptureSession> capture;
         std::shared_ptr<EncoderLoader> encoders;
-        std::shared_ptr<RecordingJournal> journal;
+        std::unique_ptr<RecordingJournal::Entry> entry; ///< Announces `file`; null when that could not be done.
         RecordingFile file;
         EncoderFormat format;
         std::function<void(RecordingTrouble trouble, const QString &detail)> troubleOccurred; ///< On the job's thread.
@@ -41,7 +41,6 @@ private:
 
     Parts m_parts;
     std::unique_ptr<RecordingWriter> m_writer;
-    std::unique_ptr<RecordingJournal::Entry> m_entry;
     qint64 m_written = 0; // samples
     bool m_failed = false;
 };

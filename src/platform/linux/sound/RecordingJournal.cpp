@@ -19,25 +19,61 @@ namespace {
 
 constexpr qsizetype largestEntry = 64 * 1024;
 
-QByteArray toJson(const RecordingFile &file)
+QByteArray toJson(const FileURL &file, quint64 inode, qint64 birthTime)
 {
     QJsonObject object;
     // A path is bytes; percent-encoded they are a text, whatever they are.
-    object[u"path"] = QString::fromLatin1(file.url().nativePath().toPercentEncoding("/"));
-    object[u"inode"] = QString::number(file.inode());
-    object[u"born"] = QString::number(file.birthTime());
+    object[u"path"] = QString::fromLatin1(file.nativePath().toPercentEncoding("/"));
+    object[u"inode"] = QString::number(inode);
+    object[u"born"] = QString::number(birthTime);
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
 bool writeAll(int file, const QByteArray &bytes)
 {
-    return write(file, bytes.constData(), size_t(bytes.size())) == bytes.size() && fsync(file) == 0;
+    return write(file, bytes.constData(), size_t(bytes.size())) == bytes.size();
 }
 
 void syncFolder(const QByteArray &path)
 {
     const Descriptor folder(open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     fsync(folder.get());
+}
+
+bool lock(const Descriptor &file)
+{
+    return file.isValid() && flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+}
+
+/// False when another file took its place meanwhile.
+bool isAt(const Descriptor &file, const QByteArray &path)
+{
+    struct stat opened = {}, there = {};
+    return fstat(file.get(), &opened) == 0 && lstat(path.constData(), &there) == 0 && opened.st_ino == there.st_ino
+        && opened.st_dev == there.st_dev;
+}
+
+enum class Safe { FromKilling, FromPowerCuts };
+
+/// Puts a file with this text at `path`, in place of any that is there, and
+/// gives it locked. Written under another name first: nobody must ever see it
+/// there unlocked or half written. Invalid when it cannot be done.
+Descriptor putLocked(const QByteArray &path, const QByteArray &text, Safe safe)
+{
+    constexpr int tries = 3; // another process may take the other name for one left behind
+    const qsizetype slash = path.lastIndexOf('/');
+    for (int number = 0; number < tries; ++number) {
+        const QByteArray hidden = path.left(slash + 1) + '.' + QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
+        Descriptor file(open(hidden.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        if (lock(file) && writeAll(file.get(), text) && (safe == Safe::FromKilling || fsync(file.get()) == 0)
+            && rename(hidden.constData(), path.constData()) == 0) {
+            if (safe == Safe::FromPowerCuts)
+                syncFolder(path.left(slash));
+            return file;
+        }
+        unlink(hidden.constData());
+    }
+    return {};
 }
 
 } // namespace
@@ -64,31 +100,39 @@ QByteArray RecordingJournal::defaultFolder()
     return state + "/kest/unfinished-recordings";
 }
 
-std::unique_ptr<RecordingJournal::Entry> RecordingJournal::remember(const RecordingFile &file) const
+qint64 RecordingJournal::Entry::writtenAt() const
+{
+    struct stat status = {};
+    if (fstat(m_lock.get(), &status) < 0)
+        return 0;
+    return qint64(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec;
+}
+
+bool RecordingJournal::Entry::confirm(const RecordingFile &file)
+{
+    Descriptor written =
+        putLocked(m_path, toJson(file.url(), file.inode(), file.birthTime()), Safe::FromPowerCuts);
+    if (!written.isValid())
+        return false;
+    m_lock = std::move(written);
+    m_inode = file.inode();
+    m_birthTime = file.birthTime();
+    return true;
+}
+
+std::unique_ptr<RecordingJournal::Entry> RecordingJournal::announce(const FileURL &file) const
 {
     QDir().mkpath(QFile::decodeName(m_folder));
-    const QByteArray name = QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
-    // Written under another name first: another process must never see an entry that is not locked yet.
-    const QByteArray hidden = m_folder + "/." + name;
     auto entry = std::make_unique<Entry>();
-    entry->m_file = file.url();
-    entry->m_inode = file.inode();
-    entry->m_birthTime = file.birthTime();
-    entry->m_path = m_folder + "/" + name + ".json";
-    entry->m_lock = Descriptor(open(hidden.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-    const bool written = entry->m_lock.isValid() && flock(entry->m_lock.get(), LOCK_EX | LOCK_NB) == 0
-        && writeAll(entry->m_lock.get(), toJson(file))
-        && rename(hidden.constData(), entry->m_path.constData()) == 0;
-    if (!written) {
-        unlink(hidden.constData());
-        return nullptr;
-    }
-    syncFolder(m_folder);
-    return entry;
+    entry->m_file = file;
+    entry->m_path = m_folder + "/" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + ".json";
+    entry->m_lock = putLocked(entry->m_path, toJson(file, 0, 0), Safe::FromKilling);
+    return entry->m_lock.isValid() ? std::move(entry) : nullptr;
 }
 
 std::vector<std::unique_ptr<RecordingJournal::Entry>> RecordingJournal::interrupted() const
 {
+    removeHalfWritten();
     std::vector<std::unique_ptr<Entry>> entries;
     const QStringList names = QDir(QFile::decodeName(m_folder)).entryList({QStringLiteral("*.json")}, QDir::Files);
     for (const QString &name : names) {
@@ -98,12 +142,23 @@ std::vector<std::unique_ptr<RecordingJournal::Entry>> RecordingJournal::interrup
     return entries;
 }
 
+void RecordingJournal::removeHalfWritten() const
+{
+    const QStringList names = QDir(QFile::decodeName(m_folder)).entryList({QStringLiteral(".*")}, QDir::Files | QDir::Hidden);
+    for (const QString &name : names) {
+        const QByteArray path = m_folder + "/" + QFile::encodeName(name);
+        // Whoever is writing it holds its lock.
+        if (lock(Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW))))
+            unlink(path.constData());
+    }
+}
+
 std::unique_ptr<RecordingJournal::Entry> RecordingJournal::take(const QByteArray &path) const
 {
     auto entry = std::make_unique<Entry>();
     entry->m_path = path;
     entry->m_lock = Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
-    if (!entry->m_lock.isValid() || flock(entry->m_lock.get(), LOCK_EX | LOCK_NB) < 0)
+    if (!lock(entry->m_lock) || !isAt(entry->m_lock, path))
         return nullptr; // another process is at it
     QByteArray bytes(largestEntry, '\0');
     const ssize_t length = read(entry->m_lock.get(), bytes.data(), size_t(bytes.size()));

@@ -13,7 +13,9 @@ namespace kest {
 /// start can finish those that a crash or a power cut left.
 ///
 /// One small file for each recording, locked by the process that records: an
-/// entry that nobody holds belongs to a process that is gone. Any thread.
+/// entry that nobody holds belongs to a process that is gone. It is there
+/// before the recording's file is, so that none is ever left behind unknown.
+/// Any thread.
 class RecordingJournal
 {
 public:
@@ -27,6 +29,17 @@ public:
 
         /// See RecordingFile::birthTime; 0 when it was not remembered.
         qint64 birthTime() const { return m_birthTime; }
+
+        /// The file was about to be made; whether it was, nobody wrote down.
+        bool isOnlyAnnounced() const { return m_inode == 0; }
+
+        /// The moment of the announcement, in nanoseconds since 1970.
+        qint64 writtenAt() const;
+
+        /// The announced file is there: remembers what tells it from others, and
+        /// has it safe on the disk. False when that cannot be done; the recording
+        /// is then playable after a crash as ever, but stays unfinished.
+        bool confirm(const RecordingFile &file);
 
         int ageInDays() const;
 
@@ -48,15 +61,17 @@ public:
     /// The place under XDG_STATE_HOME (XDG Base Directory Specification).
     static QByteArray defaultFolder();
 
-    /// Null when it cannot be remembered; the recording is then playable after
-    /// a crash as ever, but stays unfinished.
-    std::unique_ptr<Entry> remember(const RecordingFile &file) const;
+    /// A recording's file is about to be made there. Not synced: fast enough for
+    /// the main thread. Null when it cannot be written down.
+    std::unique_ptr<Entry> announce(const FileURL &file) const;
 
-    /// The entries of processes that are gone, each locked by this one.
+    /// The entries of processes that are gone, each locked by this one. Takes
+    /// away what a process left that was killed while it wrote one.
     std::vector<std::unique_ptr<Entry>> interrupted() const;
 
 private:
     std::unique_ptr<Entry> take(const QByteArray &path) const;
+    void removeHalfWritten() const;
 
     const QByteArray m_folder;
 };

@@ -23,6 +23,12 @@ bool exists(const FolderURL &folder)
     return stat(folder.nativePath().constData(), &status) == 0;
 }
 
+bool isEmpty(const RecordingFile &file)
+{
+    struct stat status = {};
+    return fstat(file.descriptor(), &status) == 0 && status.st_size == 0;
+}
+
 /// The regular file with this inode in `folder`, whatever its name; empty when there is none.
 FileURL fileWithInode(const FolderURL &folder, quint64 inode, int *budget)
 {
@@ -56,6 +62,21 @@ QList<FolderURL> foldersIn(const FolderURL &parent)
     return found;
 }
 
+bool isOurs(const RecordingFile &file, const RecordingJournal::Entry &entry)
+{
+    return isEmpty(file) || (file.inode() == entry.inode() && file.birthTime() == entry.birthTime());
+}
+
+/// An empty file that was made after the announcement is the announced one;
+/// anything else is not known to be, and stays.
+void removeIfNothingCameOf(const RecordingJournal::Entry &entry)
+{
+    FileFailure failure;
+    auto file = RecordingFile::open(entry.file(), &failure);
+    if (file && isEmpty(*file) && file->birthTime() >= entry.writtenAt())
+        file->remove();
+}
+
 } // namespace
 
 RecordingRecovery::RecordingRecovery(QList<FolderURL> folders) : m_folders(std::move(folders)) { }
@@ -70,6 +91,10 @@ void RecordingRecovery::finish(std::vector<std::unique_ptr<RecordingJournal::Ent
 
 RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::Entry &entry)
 {
+    if (entry.isOnlyAnnounced()) {
+        removeIfNothingCameOf(entry);
+        return Outcome::Done;
+    }
     auto [file, certain] = find(entry);
     if (!file) {
         // With its folder there, the recording was deleted; without, its disk may only be away, for a while.
@@ -80,8 +105,7 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
     if (!unfinished)
         return Outcome::TryAgainLater;
     if (!*unfinished) {
-        struct stat status = {};
-        if (fstat(file->descriptor(), &status) == 0 && status.st_size == 0)
+        if (isOurs(*file, entry) && !mayHoldSound(file->descriptor()))
             file->remove(); // ended before anything was heard
         return Outcome::Done;
     }

@@ -1,0 +1,191 @@
+// Records as the program does, one command a line on standard input, and says on standard output what happens, each line with
+// the monotonic clock's nanoseconds in front:
+//
+//     recover FOLDER      ->  recovered COUNT      what earlier runs left is finished
+//     record PATH         ->  recording, then started
+//     pause  resume       ->  paused, resumed
+//     stop                ->  stopped, then finished 0|1 PATH
+//     rename FROM TO      ->  renamed 0|1          tab-separated; as a reply does for the sender's name
+//     block MILLISECONDS  ->  unblocked            the main thread does nothing else for so long
+//     end
+//
+// `trouble NUMBER DETAIL` comes by itself. The file named by the first argument holds, as 64 bits, how many samples the
+// running recording has captured: no more than a millisecond old, also for whoever kills this program.
+
+#include "platform/linux/desktop/PosixFolderContents.h"
+#include "platform/linux/sound/PulseSound.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QSocketNotifier>
+
+#include <cmath>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <time.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <mutex>
+#include <thread>
+
+using namespace kest;
+
+namespace {
+
+constexpr AudioRecorderSettings settings = {0x61616320, 64, 1, 44100.0F};
+constexpr int plenty = 30'000; // milliseconds
+
+void say(const QByteArray &what)
+{
+    timespec now = {};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    std::printf("%lld %s\n", now.tv_sec * 1'000'000'000LL + now.tv_nsec, what.constData());
+    std::fflush(stdout);
+}
+
+/// Keeps the number of captured samples in a file that outlives the process.
+class Counter
+{
+public:
+    explicit Counter(const char *path)
+    {
+        const int file = open(path, O_RDWR | O_CLOEXEC);
+        m_samples = static_cast<std::atomic<qint64> *>(
+            mmap(nullptr, sizeof(qint64), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0));
+        if (m_samples == MAP_FAILED)
+            qFatal("%s cannot be mapped", path);
+        m_thread = std::jthread([this](const std::stop_token &ended) { follow(ended); });
+    }
+
+    void setRecorder(const AudioFileRecorder *recorder)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_recorder = recorder;
+    }
+
+private:
+    void follow(const std::stop_token &ended)
+    {
+        prctl(PR_SET_TIMERSLACK, 1);
+        while (!ended.stop_requested()) {
+            {
+                const std::lock_guard lock(m_mutex);
+                if (m_recorder)
+                    m_samples->store(std::llround(m_recorder->currentTime() * 44100));
+            }
+            usleep(1000);
+        }
+    }
+
+    std::atomic<qint64> *m_samples = nullptr;
+    std::mutex m_mutex;
+    const AudioFileRecorder *m_recorder = nullptr;
+    std::jthread m_thread; // last: it uses the others
+};
+
+class Driven : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Driven(const char *counter)
+        : m_sound(makePulseSound()), m_counter(counter), m_input(STDIN_FILENO, QSocketNotifier::Read)
+    {
+        m_in.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered);
+        connect(&m_input, &QSocketNotifier::activated, this, [this] { takeCommand(); });
+        m_sound.recorderFactory->preload();
+        m_sound.recorderFactory->waitForFinished(plenty);
+        say("ready");
+    }
+
+    ~Driven() override { drop(); }
+
+private:
+    void drop()
+    {
+        m_counter.setRecorder(nullptr);
+        m_recorder.reset();
+        m_sound.recorderFactory->waitForFinished(plenty);
+    }
+
+    void takeCommand()
+    {
+        const QByteArray line = m_in.readLine().trimmed();
+        const QByteArray verb = line.left(line.indexOf(' '));
+        const QByteArray rest = line.mid(verb.size() + 1);
+        if (verb == "record")
+            record(rest);
+        else if (verb == "pause" || verb == "resume" || verb == "stop")
+            command(verb);
+        else if (verb == "recover")
+            say("recovered " + QByteArray::number(m_sound.recorderFactory->finishInterruptedRecordings(
+                    {FileURL::fromNativePath(rest)}, plenty)));
+        else if (verb == "rename")
+            rename(rest.split('\t'));
+        else if (verb == "block")
+            usleep(rest.toUInt() * 1000), say("unblocked");
+        else
+            QCoreApplication::quit(); // "end", or the end of the input
+    }
+
+    void record(const QByteArray &path)
+    {
+        drop();
+        m_recorder = m_sound.recorderFactory->create(FileURL::fromNativePath(path), settings, nullptr);
+        if (!m_recorder)
+            return say("refused");
+        connect(m_recorder.get(), &AudioFileRecorder::captureStarted, this, [] { say("started"); });
+        connect(m_recorder.get(), &AudioFileRecorder::troubleOccurred, this,
+                [](RecordingTrouble trouble, const QString &detail) {
+                    say("trouble " + QByteArray::number(int(trouble)) + ' ' + detail.toUtf8());
+                });
+        connect(m_recorder.get(), &AudioFileRecorder::finished, this, [this](bool kept) {
+            say("finished " + QByteArray::number(int(kept)) + ' ' + m_recorder->url().nativePath());
+        });
+        m_counter.setRecorder(m_recorder.get());
+        m_recorder->prepareToRecord();
+        m_recorder->record();
+        say("recording");
+    }
+
+    void command(const QByteArray &verb)
+    {
+        if (!m_recorder)
+            return;
+        if (verb == "pause")
+            m_recorder->pause(), say("paused");
+        else if (verb == "resume")
+            m_recorder->record(), say("resumed");
+        else
+            m_recorder->stop(), say("stopped");
+    }
+
+    static void rename(const QByteArrayList &names)
+    {
+        const bool moved = PosixFolderContents().moveItem(FileURL::fromNativePath(names.value(0)),
+                                                          FileURL::fromNativePath(names.value(1)), nullptr);
+        say("renamed " + QByteArray::number(int(moved)));
+    }
+
+    const PulseSound m_sound;
+    Counter m_counter;
+    QFile m_in;
+    QSocketNotifier m_input;
+    std::unique_ptr<AudioFileRecorder> m_recorder;
+};
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    if (argc != 2)
+        qFatal("usage: kest-driven-recorder COUNTER");
+    Driven driven(argv[1]);
+    return QCoreApplication::exec();
+}
+
+#include "kest-driven-recorder.moc"

@@ -1,0 +1,35 @@
+"""What a row of the table is, and what a run of it has seen."""
+
+import dataclasses
+import time
+from collections.abc import Callable
+
+
+@dataclasses.dataclass
+class Seen:
+    """What the runs of one row showed."""
+
+    runs: int = 0
+    worst: str = ""  # The worst figure, in words: "0.14 s lost".
+    leftovers: int = 0  # Files that should not be there.
+    failures: list = dataclasses.field(default_factory=list)  # One sentence for each run that missed the bar.
+    seconds: float = 0.0
+
+
+@dataclasses.dataclass
+class Row:
+    """`run(context, runs)` gives a Seen; `short` and `long` are how often each version runs it."""
+
+    name: str
+    fault: str
+    bar: str
+    short: int
+    long: int
+    run: Callable
+    needs_mounts: bool = False  # Wants to mount file systems of its own.
+
+    def measured(self, context, runs):
+        began = time.monotonic()
+        seen = self.run(context, runs)
+        seen.seconds = time.monotonic() - began
+        return seen
