@@ -114,7 +114,7 @@ private:
     void takeCommand()
     {
         const QByteArray line = m_in.readLine().trimmed();
-        const QByteArray verb = line.left(line.indexOf(' '));
+        const QByteArray verb = line.split(' ').first();
         const QByteArray rest = line.mid(verb.size() + 1);
         if (verb == "record")
             record(rest);
@@ -127,8 +127,10 @@ private:
             rename(rest.split('\t'));
         else if (verb == "block")
             usleep(rest.toUInt() * 1000), say("unblocked");
+        else if (verb == "end" || line.isEmpty()) // or the end of the input
+            QCoreApplication::quit();
         else
-            QCoreApplication::quit(); // "end", or the end of the input
+            qFatal("no command: %s", line.constData());
     }
 
     void record(const QByteArray &path)

@@ -32,6 +32,10 @@ class Context:
             self.sound.close()
         self.sandbox.close()
 
+    def another(self):
+        """A context like this one, with a sandbox of its own."""
+        return Context(self.build, 1, self.seed, self.keep)
+
     def folder(self, name):
         """A fresh folder that nobody else uses."""
         place = self.sandbox.root / "runs"
@@ -46,6 +50,21 @@ class Context:
         self.sound = SoundServer(self.sandbox, kind)
         self.sound.microphone.hum(random.Random(1).randbytes(2 * 44100 * BABBLE))
         return self.sound
+
+    def start_desktop(self):
+        """A display, the accessibility bus and a person who works the windows."""
+        from services.bus import AccessibilityBus, SessionBus
+        from services.display import Display
+        from services.operator import Operator
+        SessionBus(self.sandbox)
+        Display(self.sandbox)
+        AccessibilityBus(self.sandbox)
+        self.person = Operator(self.sandbox)
+
+    def start_kest(self):
+        """The program, not started yet; `start_desktop` comes first."""
+        from kest_program import KestProgram
+        return KestProgram(self.sandbox, self.person, self.build)
 
     def gather(self, one, runs):
         """Does one(context, number) `runs` times, some side by side. All that was seen, and the list of the figures."""

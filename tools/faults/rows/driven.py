@@ -64,11 +64,11 @@ class Recorder:
         return int(stamp), words
 
     def wait(self, word, seconds=PATIENCE):
-        """Passes over other news until one begins with `word`; None when the program is gone first."""
+        """Passes over other news until one begins with `word`."""
         while news := self.news(seconds):
             if news[1].split(" ")[0] == word:
                 return news
-        return None
+        raise ServiceError(f"the recorder ended before it said “{word}”")
 
     def samples(self):
         """How many samples the running recording has captured."""

@@ -167,4 +167,4 @@ def run(context, runs):
 
 
 ROWS = [Row("killed", "kill -9 at a random moment: " + ", ".join(STATES), "all playable, at most 0.25 s lost, no file lost, "
-            "nothing left over", 30, 1002, run)]
+            "nothing left over", 18, 1002, run)]
