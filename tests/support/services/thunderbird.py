@@ -81,6 +81,7 @@ class Thunderbird:
         self.profile = sandbox.home / ".thunderbird" / "kest.test"
         self.build = Path(os.environ["KEST_BUILD_DIR"])
         self.process = None
+        self.clicks = 0
         self._make_profile()
         if addon and not system_addon:
             self.install_addon()
@@ -224,7 +225,13 @@ class Thunderbird:
         return "thunderbird" in done.stdout
 
     def wait_window(self, title, seconds=60):
-        return wait_until(lambda: self.windows(title), f"a Thunderbird window “{title}”", seconds, every=0.05)[-1]
+        try:
+            return wait_until(lambda: self.windows(title), f"a Thunderbird window “{title}”", seconds, every=0.05)[-1]
+        except ServiceError as error:
+            raise ServiceError(f"{error}; there are {self._titles()}") from error
+
+    def _titles(self):
+        return [self.sandbox.run(["xdotool", "getwindowname", window]).strip() for window in self.windows()]
 
     def raise_window(self, title):
         window = self.wait_window(title)
@@ -241,25 +248,34 @@ class Thunderbird:
 
         `bus` (a MailBus) says what is selected; `messages` is how many must have arrived.
         """
-        window = self.wait_window("Inbox - ", 120)
-        self.raise_window("Inbox - ")
-        wait_until(lambda: self._click_first(window, bus), "the inbox's first message to be selected", 120, every=0.1)
+        self.wait_window("Inbox - ", 120)
+        wait_until(lambda: self._click_first() and len(bus.selection()) == 1, "the inbox's first message to be selected",
+                   120, every=0.1)
         wait_until(lambda: self.select_all(bus) >= messages, f"{messages} messages in the inbox", 120, every=0.1)
         self.select_first(bus)
 
-    def _click_first(self, window, bus):
-        self.sandbox.run(["xdotool", "mousemove", "--window", window, "430", "150", "click", "1"])
+    def _click_first(self):
+        """Puts the keyboard into the list of messages, wherever Thunderbird left it when another window closed.
+
+        No click falls where the one before it did: two would open the message.
+        """
+        window = self.raise_window("Inbox - ")
+        self.clicks += 1
+        column = 400 + 20 * (self.clicks % 4)
+        self.sandbox.run(["xdotool", "mousemove", "--window", window, str(column), "150", "click", "1"])
         time.sleep(0.1)
-        return len(bus.selection()) == 1
+        return True
 
     def select_all(self, bus):
-        """Selects every message of the list that has the keyboard; returns how many the bus then names."""
+        """Selects every message of the inbox; returns how many the bus then names."""
+        self._click_first()
         self.press("Inbox - ", "Home", "shift+End")
         time.sleep(0.1)
         return len(bus.selection())
 
     def select_first(self, bus):
         """Selects the first message alone, and returns its path."""
+        self._click_first()
         self.press("Inbox - ", "Home")
         return wait_until(lambda: len(bus.selection()) == 1 and bus.selection(), "one selected message")[0]
 
