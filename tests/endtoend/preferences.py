@@ -3,6 +3,7 @@
 
 import os
 import sys
+import time
 import unittest
 from pathlib import Path
 
@@ -17,10 +18,12 @@ from services.mailserver import MailServer  # noqa: E402
 from services.operator import Operator  # noqa: E402
 from services.sound import SoundServer  # noqa: E402
 from services.thunderbird import Thunderbird  # noqa: E402
+from services.windows import MapWitness, Windows  # noqa: E402
 
 BUILD = Path(os.environ["KEST_BUILD_DIR"])
 SECOND_OF_SILENCE = bytes(2 * 44100)
 SUBJECT = "Said by the Club"
+AFTER_THE_GRACE = 0.6  # s, well over the 250 ms for which nobody may be in front
 
 
 class Preferences(unittest.TestCase):
@@ -38,6 +41,7 @@ class Preferences(unittest.TestCase):
         cls.thunderbird = Thunderbird(cls.sandbox, cls.mail_server, second_account=True)
         cls.addClassCleanup(cls.thunderbird.stop)
         cls.person = Operator(cls.sandbox)
+        cls.windows = Windows(cls.sandbox)
 
     def setUp(self):
         self.kest = KestProgram(self.sandbox, self.person, BUILD)
@@ -83,6 +87,24 @@ class Preferences(unittest.TestCase):
         self.assertEqual(mail.subject, SUBJECT)
         self.assertEqual(str(mail.message["From"]), "The Club <club@example.test>")
         self.assertEqual([name for name, _, _ in mail.attachments], [self.kest.only_recording().name])
+
+    def test_turning_to_another_application_leaves_the_window_while_the_sheet_is_open(self):
+        calculator = self.sandbox.start("calculator", ["xcalc", "-geometry", "+900+500"])
+        self.addCleanup(self.sandbox.stop, calculator)
+        other = self.windows.of_class("XCalc")
+        self.kest.start()
+        window = self.person.window("^Kest$")
+        self.kest.click("Preferences")
+        self.kest.control("Close")
+        witness = MapWitness(self.sandbox, window)
+        self.addCleanup(witness.close)
+        self.windows.turn_to(other)
+        time.sleep(AFTER_THE_GRACE)
+        self.assertEqual(witness.hidings(), 0)
+        self.windows.turn_to(self.person.window("^Preferences$"))
+        self.close_sheet()
+        self.windows.turn_to(other)
+        wait_until(lambda: not self.windows.is_viewable(window), "the window to hide once the sheet is gone")
 
     # What the person does
 
