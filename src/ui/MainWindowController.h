@@ -257,6 +257,7 @@ private:
     void afterRecordingStarted(bool recordHadFocus);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
     void sayTrouble(const QString &words, const QString &detail);
+    void sayNothingKept(RecordingTrouble trouble, const QString &detail);
     void recordingFinished(bool kept);
     void startStatusTimer();
     void invalidateStatusTimer();
@@ -309,7 +310,7 @@ private:
     QPointer<QWidget> m_focusBeforeBusy;
     std::unique_ptr<MailController> m_mailController;
     std::unique_ptr<AudioRecorder> m_audioRecorder;
-    std::optional<RecordingTrouble> m_recordingTrouble; // of the present recorder
+    std::optional<std::pair<RecordingTrouble, QString>> m_recordingTrouble; // of the present recorder, with its detail
     WindowHeights m_heights;
     QString m_attachmentName;
     BoundedLookUps m_folderLookUps{std::chrono::milliseconds(1000)}; // a person waits for the menu

@@ -76,7 +76,7 @@ void MainWindowController::afterRecordingStarted(bool recordHadFocus)
 
 void MainWindowController::tellTrouble(RecordingTrouble trouble, const QString &detail)
 {
-    m_recordingTrouble = trouble;
+    m_recordingTrouble = {trouble, detail};
     sayTrouble(wordsFor(trouble), detail);
 }
 
@@ -86,12 +86,19 @@ void MainWindowController::sayTrouble(const QString &words, const QString &detai
     Q_EMIT recordingTroubleTold(words);
 }
 
+void MainWindowController::sayNothingKept(RecordingTrouble trouble, const QString &detail)
+{
+    const QString words = wordsForNothingKept(trouble);
+    if (words != wordsFor(trouble))
+        sayTrouble(words, detail);
+}
+
 void MainWindowController::recordingFinished(bool kept)
 {
     if (!kept) {
         m_details->showRecording({}, std::nullopt);
-        if (m_recordingTrouble && wordsForNothingKept(*m_recordingTrouble) != wordsFor(*m_recordingTrouble))
-            sayTrouble(wordsForNothingKept(*m_recordingTrouble), {});
+        if (m_recordingTrouble)
+            sayNothingKept(m_recordingTrouble->first, m_recordingTrouble->second);
         return;
     }
     if (AudioFileRecorder *recorder = m_audioRecorder->recorder())

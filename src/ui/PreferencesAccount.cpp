@@ -23,7 +23,7 @@ void PreferencesWindowController::askForAccounts(MailTransport::Starting startin
     m_dependencies.mailTransport.inquire(starting, this, [this](const std::optional<Error> &hindrance) {
         m_askingForAccounts = false;
         if (hindrance)
-            showNoAccounts(*hindrance);
+            showAccountHint(hindrance->description, true);
         else
             retrieveAccounts();
     });
@@ -61,11 +61,6 @@ void PreferencesWindowController::fillAccounts(const std::optional<QStringList> 
         showAccountHint(tr("Until you choose, your mail application’s default account is used."), false);
     else
         showAccountHint(tr("“%1” is not there now, so the default account is used.").arg(stored), false);
-}
-
-void PreferencesWindowController::showNoAccounts(const Error &hindrance)
-{
-    showAccountHint(hindrance.description, true);
 }
 
 void PreferencesWindowController::showAccountHint(const QString &hint, bool offersToList)

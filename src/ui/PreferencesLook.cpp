@@ -9,6 +9,7 @@
 #include "ui/Appearance.h"
 #include "ui/NoticePlace.h"
 #include "ui/PreferencesWindowController.h"
+#include "ui/RecordingName.h"
 #include "ui/Wording.h"
 #include "ui/controls/Icons.h"
 #include "ui_PrefsSheet.h"
@@ -149,7 +150,7 @@ void PreferencesWindowController::updatePreview()
     const std::optional<QString> tagline = withTagline ? std::optional(localizedString(taglineKey)) : std::nullopt;
     QString recording = recordingFileName(m_dependencies.clock.now());
     if (reply && defaults.boolForKey(SettingsKeys::bIncudeReplyToInName))
-        recording.replace(QStringLiteral(".m4a"), u'_' + tr("sender’s name") + QStringLiteral(".m4a"));
+        recording = recordingNameWithSender(recording, tr("sender’s name"));
     m_ui->previewHeading->setText(reply ? tr("Preview of a reply") : tr("Preview of a new message"));
     m_ui->preview->show(reply ? tr("Re: the subject of the message") : defaults.objectForKey(SettingsKeys::tNewMessageSubject).toString(),
                         MessageDraft::forRecording(text, tagline, FileURL::fromPath(u'/' + recording)));

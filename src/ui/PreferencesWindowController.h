@@ -141,7 +141,6 @@ private:
     void askForAccounts(MailTransport::Starting starting);
     void retrieveAccounts();
     void fillAccounts(const std::optional<QStringList> &titles);
-    void showNoAccounts(const Error &hindrance);
     void showAccountHint(const QString &hint, bool offersToList);
 
     PreferencesDependencies m_dependencies;

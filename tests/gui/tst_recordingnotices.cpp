@@ -102,9 +102,10 @@ private Q_SLOTS:
     {
         QFETCH(int, trouble);
         m_house->click(record);
-        Q_EMIT recorder().troubleOccurred(static_cast<RecordingTrouble>(trouble), QString());
+        Q_EMIT recorder().troubleOccurred(static_cast<RecordingTrouble>(trouble), QStringLiteral("USB Mic"));
         recorder().finish(false);
         QTEST(m_house->notice(), "words");
+        QVERIFY(m_house->find(QStringLiteral("Notice"))->toolTip().contains(QStringLiteral("USB Mic")));
     }
 
     void theNextRecordingClearsTheTroubleOfTheLast()

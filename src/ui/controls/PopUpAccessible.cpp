@@ -70,11 +70,7 @@ QAccessibleInterface *makePopUpAccessible(const QString &, QObject *object)
 
 void installPopUpAccessible()
 {
-    static const bool installed = [] {
-        QAccessible::installFactory(makePopUpAccessible);
-        return true;
-    }();
-    Q_UNUSED(installed)
+    QAccessible::installFactory(makePopUpAccessible); // once, however often it is called
 }
 
 } // namespace kest

@@ -78,11 +78,7 @@ QAccessibleInterface *makePullDownAccessible(const QString &, QObject *object)
 
 void installPullDownAccessible()
 {
-    static const bool installed = [] {
-        QAccessible::installFactory(makePullDownAccessible);
-        return true;
-    }();
-    Q_UNUSED(installed)
+    QAccessible::installFactory(makePullDownAccessible); // once, however often it is called
 }
 
 } // namespace kest

@@ -72,11 +72,7 @@ QAccessibleInterface *makeReadoutAccessible(const QString &, QObject *object)
 
 void installReadoutAccessible()
 {
-    static const bool installed = [] {
-        QAccessible::installFactory(makeReadoutAccessible);
-        return true;
-    }();
-    Q_UNUSED(installed)
+    QAccessible::installFactory(makeReadoutAccessible); // once, however often it is called
 }
 
 } // namespace kest

@@ -217,8 +217,7 @@ std::optional<QDBusMessage> DBusMailTransport::answerTo(const QDBusMessage &mess
         return std::nullopt;
     }
     if (watcher.isError()) {
-        // The bus library's timers may fire a twentieth early.
-        handBack(error, mailError(watcher.error(), elapsed.hasExpired(m_limits.answer.count() * 9 / 10)));
+        handBack(error, mailError(watcher.error(), elapsed, m_limits.answer));
         return std::nullopt;
     }
     return watcher.reply();

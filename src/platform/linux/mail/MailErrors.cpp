@@ -73,13 +73,14 @@ Error mailError(MailErrorCode code, const QString &reason)
     return {mailErrorDomain, static_cast<int>(code), sentence(code), reason};
 }
 
-Error mailError(const QDBusError &error, bool timedOut)
+Error mailError(const QDBusError &error, const QElapsedTimer &waited, std::chrono::milliseconds limit)
 {
     switch (error.type()) {
     case QDBusError::NoReply:
     case QDBusError::Timeout:
     case QDBusError::TimedOut:
-        return mailError(timedOut ? MailErrorCode::TimedOut : MailErrorCode::Vanished);
+        // The bus library's timers may fire a twentieth early.
+        return mailError(waited.hasExpired(limit.count() * 9 / 10) ? MailErrorCode::TimedOut : MailErrorCode::Vanished);
     case QDBusError::ServiceUnknown:
         return mailError(MailErrorCode::NotDelivered);
     case QDBusError::Disconnected:

@@ -3,6 +3,9 @@
 #include "platform/Error.h"
 
 #include <QDBusError>
+#include <QElapsedTimer>
+
+#include <chrono>
 
 namespace kest {
 
@@ -32,9 +35,9 @@ enum class MailErrorCode {
 /// words, and may be empty.
 Error mailError(MailErrorCode code, const QString &reason = {});
 
-/// What an error answer means. `timedOut` tells a time limit that passed from
-/// an application that went away.
-Error mailError(const QDBusError &error, bool timedOut);
+/// What an error answer means. How long `waited` has run since the question
+/// tells an answer's time limit that passed from an application that went away.
+Error mailError(const QDBusError &error, const QElapsedTimer &waited, std::chrono::milliseconds limit);
 
 /// True when every other call would fail in the same way.
 bool concernsAllCalls(const Error &error);

@@ -6,7 +6,6 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QElapsedTimer>
 
 namespace kest {
 
@@ -21,7 +20,8 @@ MailInquiry::MailInquiry(MailServices &services, const Limits &limits, Told told
     m_timer.setSingleShot(true);
     connect(&m_services, &MailServices::changed, this, &MailInquiry::proceed);
     connect(&m_timer, &QTimer::timeout, this, [this] {
-        tell(mailError(m_services.isReady() ? MailErrorCode::NoAddOn : MailErrorCode::NoBus, m_startedName));
+        tell(mailError(m_services.isReady() ? MailErrorCode::NoAddOn : MailErrorCode::NoBus,
+                       m_startedName.value_or(QString())));
     });
 }
 
@@ -48,7 +48,7 @@ void MailInquiry::proceed()
         return ask();
     if (!m_startWhereNone)
         return tell(mailError(MailErrorCode::NotRunning));
-    if (!m_started)
+    if (!m_startedName)
         startOne();
 }
 
@@ -57,7 +57,6 @@ void MailInquiry::startOne()
     const auto application = defaultMailApplication();
     if (!application || !startDetached(*application))
         return tell(mailError(MailErrorCode::NoApplication, application ? application->name : QString()));
-    m_started = true;
     m_startedName = application->name;
 }
 
@@ -71,12 +70,9 @@ void MailInquiry::ask()
     question.setAutoStartService(false);
     QElapsedTimer elapsed;
     elapsed.start();
-    const auto limit = static_cast<int>(m_limits.answer.count());
-    auto *watcher = new QDBusPendingCallWatcher(m_services.bus().asyncCall(question, limit), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, elapsed, limit] {
-        // The bus library's timers may fire a twentieth early.
-        const bool timedOut = elapsed.hasExpired(limit * 9 / 10);
-        tell(watcher->isError() ? std::optional(mailError(watcher->error(), timedOut)) : std::nullopt);
+    auto *watcher = new QDBusPendingCallWatcher(m_services.bus().asyncCall(question, static_cast<int>(m_limits.answer.count())), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher, elapsed] {
+        tell(watcher->isError() ? std::optional(mailError(watcher->error(), elapsed, m_limits.answer)) : std::nullopt);
     });
 }
 

@@ -46,8 +46,7 @@ private:
     Limits m_limits;
     Told m_told;
     QTimer m_timer;
-    QString m_startedName; // for people
-    bool m_started = false;
+    std::optional<QString> m_startedName; // for people
     bool m_startWhereNone = false;
     bool m_asked = false;
 };

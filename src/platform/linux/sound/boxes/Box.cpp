@@ -39,4 +39,14 @@ std::optional<Bytes> findBox(Bytes bytes, quint32 type)
     return std::nullopt;
 }
 
+std::optional<Bytes> findOnlyBox(Bytes bytes, quint32 type)
+{
+    std::optional<Bytes> found;
+    while (const auto box = takeBox(&bytes)) {
+        if (box->type == type && std::exchange(found, box->payload))
+            return std::nullopt;
+    }
+    return found;
+}
+
 } // namespace kest

@@ -46,6 +46,10 @@ std::optional<Box> takeBox(Bytes *bytes);
 /// The payload of the first box of this type directly in `bytes`.
 std::optional<Bytes> findBox(Bytes bytes, quint32 type);
 
+/// The payload of the only box of this type directly in `bytes`. Null when
+/// there is none, or another.
+std::optional<Bytes> findOnlyBox(Bytes bytes, quint32 type);
+
 /// Reads big-endian fields one after the other. What is not there reads as
 /// zero, and `isGood` is false from then on.
 class FieldReader

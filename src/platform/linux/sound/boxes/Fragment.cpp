@@ -25,17 +25,6 @@ quint32 readFlags(FieldReader *fields)
     return fields->read<quint32>() & 0xffffff;
 }
 
-/// The only box of this type in `bytes`; null when there is none, or another.
-std::optional<Bytes> findOnlyBox(Bytes bytes, quint32 type)
-{
-    std::optional<Bytes> found;
-    while (const auto box = takeBox(&bytes)) {
-        if (box->type == type && std::exchange(found, box->payload))
-            return std::nullopt;
-    }
-    return found;
-}
-
 std::optional<quint32> readDefaultSize(Bytes trackHeader, quint32 usual)
 {
     FieldReader fields(trackHeader);

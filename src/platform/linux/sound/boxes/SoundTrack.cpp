@@ -108,12 +108,7 @@ quint32 readDefaultPacketSize(Bytes movie)
 
 std::optional<SoundTrack> readSoundTrack(Bytes movie)
 {
-    std::optional<Bytes> track;
-    Bytes boxes = movie;
-    while (const auto box = takeBox(&boxes)) {
-        if (box->type == boxType("trak") && std::exchange(track, box->payload))
-            return std::nullopt;
-    }
+    const auto track = findOnlyBox(movie, boxType("trak"));
     const auto media = findBox(track.value_or(Bytes()), boxType("mdia"));
     if (!media)
         return std::nullopt;
