@@ -85,6 +85,7 @@ void AppDelegate::connectWindow()
     connect(window, &MainWindowController::terminateRequested, this, &AppDelegate::terminateRequested);
     connect(window, &MainWindowController::helpRequested, this, &AppDelegate::openHelp);
     connect(window, &MainWindowController::recordingTroubleTold, this, &AppDelegate::tellTrouble);
+    connect(window, &MainWindowController::recordingWarned, this, &AppDelegate::tellWarning);
     connect(window, &MainWindowController::openURLRequested, this,
             [this](const QUrl &url) { m_platform.workspace->openURL(url); });
     for (const QString &message : std::as_const(m_settingsTroubles))
@@ -128,7 +129,7 @@ void AppDelegate::appWasActivated(const QString &identifier)
 {
     if (identifier == m_platform.workspace->ownIdentifier() || identifier == mailApplicationIdentifier) {
         m_winController->orderFront();
-        m_platform.workspace->withdrawNotice();
+        noticeIsSeen();
         updateInputName();
     } else if (!m_winController->sheetShowing()) {
         const bool wasShown = m_winController->window()->isVisible();
@@ -157,10 +158,27 @@ void AppDelegate::tellTrouble(const QString &words)
         words + u'\n' + tr("Kest’s window comes back when you turn to your mail, or start Kest again."));
 }
 
+/// A microphone that is silent between words must not bring a notice with every pause for breath.
+void AppDelegate::tellWarning(const QString &words)
+{
+    if (m_winController->window()->isVisible() || m_toldWarnings.contains(words))
+        return;
+    m_toldWarnings.append(words);
+    m_platform.workspace->showNotice(
+        tr("Kest is still recording"),
+        words + u'\n' + tr("Its window comes back when you turn to your mail, or start Kest again."));
+}
+
+void AppDelegate::noticeIsSeen()
+{
+    m_platform.workspace->withdrawNotice();
+    m_toldWarnings.clear();
+}
+
 void AppDelegate::activate()
 {
     m_winController->showWindow();
-    m_platform.workspace->withdrawNotice();
+    noticeIsSeen();
 }
 
 void AppDelegate::openHelp()

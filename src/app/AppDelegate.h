@@ -96,6 +96,8 @@ private:
     void connectWindow();
     void tellThatRecordingGoesOn();
     void tellTrouble(const QString &words);
+    void tellWarning(const QString &words);
+    void noticeIsSeen();
     void finishRecordings();
 
     Platform &m_platform;
@@ -105,6 +107,7 @@ private:
     OldRecordings m_oldRecordings;
     InputDeviceMonitor m_inputMonitor;
     QStringList m_settingsTroubles; // told before there was a window
+    QStringList m_toldWarnings;     // since the window was hidden
     std::unique_ptr<MainWindowController> m_winController;
 };
 

@@ -29,6 +29,14 @@ enum class RecordingTrouble {
     EncoderMissing,   ///< The encoder could not be loaded.
 };
 
+/// What the recording sounds like at this moment.
+enum class InputCondition {
+    Unknown,  ///< It has just begun or gone on, is paused, or is over.
+    Heard,    ///< Something is heard, or was a short while ago.
+    Silent,   ///< Zeros for 1 s, or nothing above -60 dBFS for 3 s.
+    Clipping, ///< Samples were cut off at full scale in the last 3 s.
+};
+
 /// Records the microphone into one file.
 ///
 /// One object, one file. Legal order: prepareToRecord, record, any number of
@@ -77,6 +85,10 @@ public:
     /// Where the recording lies.
     virtual FileURL url() const = 0;
 
+    /// Bytes that the file has so far; 0 before the first sample. Stands still
+    /// once it is being finished.
+    virtual qint64 fileSize() const = 0;
+
     /// True from a `stop` (or a trouble that ends the recording) until the file
     /// is finished.
     virtual bool isFinishing() const = 0;
@@ -88,6 +100,10 @@ Q_SIGNALS:
     /// The recording ended, or could not begin. What was captured is kept.
     /// `detail` names the device or quotes the system; may be empty.
     void troubleOccurred(kest::RecordingTrouble trouble, const QString &detail);
+
+    /// Told at every change, within some tens of milliseconds; `microphone` is its
+    /// name for people, empty when it is not known. `Unknown` at first.
+    void inputConditionChanged(kest::InputCondition condition, const QString &microphone);
 
     /// Once per recording, when the file is closed for good. `kept` is false
     /// when nothing was captured and the empty file was taken away again.
@@ -138,3 +154,4 @@ public:
 } // namespace kest
 
 Q_DECLARE_METATYPE(kest::RecordingTrouble)
+Q_DECLARE_METATYPE(kest::InputCondition)

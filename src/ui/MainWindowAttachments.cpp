@@ -3,6 +3,7 @@
 #include "ui/ApplicationDelegate.h"
 #include "ui/MainWindowController.h"
 #include "ui/OptionalAttachmentsMenu.h"
+#include "ui/RecordingWarnings.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/PullDownMenu.h"
 #include "ui_MainWindow.h"
@@ -44,6 +45,8 @@ void MainWindowController::chooseAttachment(const QString &name, const QString &
     m_attachmentName = name;
     attachmentsMenu()->setImage(iconNamed(image));
     attachmentPopUp()->update();
+    if (!name.isNull() && !m_recordingActive)
+        m_warnings->forget(); // it is not the recording that will be sent
     updateStatusNotice();
 }
 

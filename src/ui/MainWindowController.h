@@ -4,10 +4,10 @@
 #include "mail/ASMail.h"
 #include "mail/MailController.h"
 #include "platform/BoundedLookUps.h"
+#include "ui/MainWindowDependencies.h"
 #include "ui/NoticePlace.h"
 #include "ui/WindowFrame.h"
 
-#include <QApplication>
 #include <QPointer>
 #include <QTimer>
 #include <QUrl>
@@ -23,41 +23,17 @@ class MainWindow;
 
 namespace kest {
 
-class ApplicationDelegate;
 class Bindings;
-class BookmarkStore;
 class ControlButton;
 class DetailPanel;
-class FolderContents;
 class KestLevelsView;
 struct MessageDraft;
 class PreferencesWindowController;
-class ProcessInfo;
 class PullDownButton;
 class PullDownMenu;
 class ReadoutField;
-class UserDefaults;
+class RecordingWarnings;
 class WindowSizer;
-class Workspace;
-
-/// What the main window needs of the rest. All must outlive the controller.
-struct MainWindowDependencies {
-    Clock &clock;
-    ProcessInfo &processInfo;
-    AudioFileRecorderFactory &recorderFactory;
-    MailTransport &mailTransport;
-    AlertPresenter &alertPresenter;
-    UserDefaults &userDefaults;
-    ApplicationDelegate &delegate;
-    FolderContents &folderContents;
-    BookmarkStore &bookmarkStore;
-    Workspace &workspace;
-
-    std::function<void()> beep = [] { QApplication::beep(); };
-
-    /// How long a command waits for a recording to be finished.
-    std::chrono::milliseconds finishTimeLimit{30000};
-};
 
 /// The one small window: recording controls, time and level, the commands that
 /// make mail of a recording.
@@ -228,6 +204,9 @@ Q_SIGNALS:
     /// sentence. For those who speak to the person while it is hidden.
     void recordingTroubleTold(const QString &words);
 
+    /// The same, of one that goes on.
+    void recordingWarned(const QString &words);
+
     /// A file or folder is to be opened in the desktop's own program.
     void openURLRequested(const QUrl &url);
 
@@ -287,6 +266,7 @@ private:
     void updateBusy();
 
     void connectNotices();
+    void connectWarnings();
     void showNotice();
     void updateStatusNotice();
     void mailBusyChanged();
@@ -300,6 +280,7 @@ private:
     std::unique_ptr<PreferencesWindowController> m_preferences; // null where another window made it
     WindowSizer *m_sizer = nullptr;
     NoticePlace m_notices;
+    RecordingWarnings *m_warnings = nullptr;
 
     bool m_recordingActive = false;
     bool m_sheetShowing = false;

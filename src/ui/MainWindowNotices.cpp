@@ -6,6 +6,7 @@
 #include "ui/Appearance.h"
 #include "ui/DetailPanel.h"
 #include "ui/MainWindowController.h"
+#include "ui/RecordingWarnings.h"
 #include "ui/Wording.h"
 #include "ui_MainWindow.h"
 
@@ -58,6 +59,7 @@ void MainWindowController::connectNotices()
 {
     MailTransport &mail = m_dependencies.mailTransport;
     connect(&m_notices, &NoticePlace::changed, this, &MainWindowController::showNotice);
+    connectWarnings();
     connect(&m_dependencies.userDefaults, &UserDefaults::troubleOccurred, this,
             [this](const QString &message) { m_notices.tell(NoticePlace::Subject::Settings, message); });
     connect(&mail, &MailTransport::busyChanged, this, &MainWindowController::mailBusyChanged);
@@ -78,6 +80,21 @@ void MainWindowController::connectNotices()
     showAccount();
     updateStatusNotice();
     showNotice();
+}
+
+void MainWindowController::connectWarnings()
+{
+    m_warnings = new RecordingWarnings(m_notices, this);
+    connect(m_warnings, &RecordingWarnings::warned, this, &MainWindowController::recordingWarned);
+    connect(this, &MainWindowController::recordingTimeChanged, m_warnings, &RecordingWarnings::look);
+    connect(this, &MainWindowController::recordingActiveChanged, m_warnings, [this](bool active) {
+        if (!active)
+            m_warnings->recordingEnded();
+    });
+    connect(this, &MainWindowController::recordingExistsChanged, m_warnings, [this](bool exists) {
+        if (!exists)
+            m_warnings->forget();
+    });
 }
 
 void MainWindowController::showAccount()
@@ -113,7 +130,8 @@ void MainWindowController::showNotice()
 {
     ReadoutField *field = m_ui->noticeField;
     const bool important = m_notices.subject() == NoticePlace::Subject::Settings
-        || m_notices.subject() == NoticePlace::Subject::Recording;
+        || m_notices.subject() == NoticePlace::Subject::Recording
+        || m_notices.subject() == NoticePlace::Subject::Warning;
     field->setImage(important ? QStringLiteral("notice") : QString());
     field->setText(m_notices.text());
     field->setToolTip(m_notices.detail().isEmpty() ? m_notices.text()

@@ -4,6 +4,7 @@
 #include "ui/ApplicationDelegate.h"
 #include "ui/DetailPanel.h"
 #include "ui/MainWindowController.h"
+#include "ui/RecordingWarnings.h"
 #include "ui/Wording.h"
 #include "ui_MainWindow.h"
 
@@ -69,6 +70,7 @@ void MainWindowController::afterRecordingStarted(bool recordHadFocus)
         pauseResumeButton()->setFocus(Qt::OtherFocusReason);
     namePauseResumeButton(false);
     m_details->showRecordingUnderWay(m_audioRecorder->recordingURL());
+    m_warnings->watch(m_audioRecorder->recorder());
     if (!m_audioRecorder->recorder())
         m_notices.tell(NoticePlace::Subject::Recording, wordsForNothingKept(RecordingTrouble::CannotWrite));
     updateStatusNotice();

@@ -7,13 +7,14 @@ namespace kest {
 namespace {
 
 constexpr std::array mostUrgentFirst{NoticePlace::Subject::Progress, NoticePlace::Subject::Hint,
-                                     NoticePlace::Subject::Recording, NoticePlace::Subject::Mail,
+                                     NoticePlace::Subject::Recording, NoticePlace::Subject::Warning,
+                                     NoticePlace::Subject::Size, NoticePlace::Subject::Mail,
                                      NoticePlace::Subject::Settings, NoticePlace::Subject::Status};
 
 bool isTrouble(NoticePlace::Subject subject)
 {
     return subject == NoticePlace::Subject::Recording || subject == NoticePlace::Subject::Mail
-        || subject == NoticePlace::Subject::Settings;
+        || subject == NoticePlace::Subject::Settings || subject == NoticePlace::Subject::Warning;
 }
 
 } // namespace
@@ -21,20 +22,36 @@ bool isTrouble(NoticePlace::Subject subject)
 NoticePlace::NoticePlace(QObject *parent)
     : QObject(parent)
 {
-    m_hintTimer.setSingleShot(true);
-    m_hintTimer.setInterval(hintDuration);
-    connect(&m_hintTimer, &QTimer::timeout, this, [this] { withdraw(Subject::Hint); });
-    m_settingsTimer.setSingleShot(true);
-    m_settingsTimer.setInterval(settingsDuration);
-    connect(&m_settingsTimer, &QTimer::timeout, this, [this] { withdraw(Subject::Settings); });
+    goesAfter(m_hintTimer, hintDuration, Subject::Hint);
+    goesAfter(m_settingsTimer, settingsDuration, Subject::Settings);
+    goesAfter(m_sizeTimer, sizeDuration, Subject::Size);
+}
+
+void NoticePlace::goesAfter(QTimer &timer, int milliseconds, Subject subject)
+{
+    timer.setSingleShot(true);
+    timer.setInterval(milliseconds);
+    connect(&timer, &QTimer::timeout, this, [this, subject] { withdraw(subject); });
+}
+
+QTimer *NoticePlace::timerOf(Subject subject)
+{
+    switch (subject) {
+    case Subject::Hint:
+        return &m_hintTimer;
+    case Subject::Settings:
+        return &m_settingsTimer;
+    case Subject::Size:
+        return &m_sizeTimer;
+    default:
+        return nullptr;
+    }
 }
 
 void NoticePlace::tell(Subject subject, const QString &text, const QString &detail)
 {
-    if (subject == Subject::Hint)
-        text.isEmpty() ? m_hintTimer.stop() : m_hintTimer.start();
-    if (subject == Subject::Settings)
-        text.isEmpty() ? m_settingsTimer.stop() : m_settingsTimer.start();
+    if (QTimer *timer = timerOf(subject))
+        text.isEmpty() ? timer->stop() : timer->start();
     // An answer to an earlier command must not stand before what just went wrong.
     if (isTrouble(subject) && !text.isEmpty())
         withdraw(Subject::Hint);

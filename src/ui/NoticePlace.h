@@ -22,6 +22,8 @@ public:
         Status,    ///< What the window is doing anyway.
         Settings,  ///< The settings could not be kept; goes away after a longer while.
         Mail,      ///< The mail application cannot be reached at all.
+        Size,      ///< The recording grows large; goes away after a while.
+        Warning,   ///< The recording under way is silent, or too loud.
         Recording, ///< The recording ended, or never began.
         Hint,      ///< An answer to a command; goes away after a while, or before a new trouble.
         Progress,  ///< Something is being waited for.
@@ -53,6 +55,9 @@ public:
     /// How long a hint stays, in milliseconds.
     static constexpr int hintDuration = 8000;
 
+    /// How long a word about the size stays, in milliseconds.
+    static constexpr int sizeDuration = 8000;
+
     /// How long a word about the settings stays, in milliseconds.
     static constexpr int settingsDuration = 30000;
 
@@ -66,9 +71,13 @@ private:
         friend bool operator==(const Notice &, const Notice &) = default;
     };
 
+    void goesAfter(QTimer &timer, int milliseconds, Subject subject);
+    QTimer *timerOf(Subject subject);
+
     QHash<Subject, Notice> m_notices;
     QTimer m_hintTimer;
     QTimer m_settingsTimer;
+    QTimer m_sizeTimer;
 };
 
 inline size_t qHash(NoticePlace::Subject subject, size_t seed = 0)

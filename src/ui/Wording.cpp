@@ -10,6 +10,9 @@ namespace kest {
 
 namespace {
 
+// Bytes; see RecordingWarnings::sizes.
+constexpr qint64 largestForMail = 18'000'000;
+
 QString translated(const char *text)
 {
     return QCoreApplication::translate("kest::Wording", text);
@@ -65,6 +68,38 @@ QString wordsForNothingKept(RecordingTrouble trouble)
         break;
     }
     return wordsFor(trouble);
+}
+
+// What it means comes first: a long name is cut off at the end of the line.
+QString wordsFor(InputCondition condition, const QString &microphone)
+{
+    switch (condition) {
+    case InputCondition::Silent:
+        return microphone.isEmpty()
+            ? translated(QT_TRANSLATE_NOOP("kest::Wording", "No sound. Is the microphone muted?"))
+            : translated(QT_TRANSLATE_NOOP("kest::Wording", "No sound. Is “%1” muted?")).arg(microphone);
+    case InputCondition::Clipping:
+        return microphone.isEmpty()
+            ? translated(QT_TRANSLATE_NOOP("kest::Wording", "Too loud. Sit back, or turn the microphone down."))
+            : translated(QT_TRANSLATE_NOOP("kest::Wording", "Too loud. Sit back, or turn down “%1”.")).arg(microphone);
+    case InputCondition::Unknown:
+    case InputCondition::Heard:
+        break;
+    }
+    return {};
+}
+
+QString wordsForSilentRecording()
+{
+    return translated(QT_TRANSLATE_NOOP("kest::Wording", "Nothing was heard in this recording."));
+}
+
+QString wordsForSize(qint64 size)
+{
+    const QString text = QLocale().formattedDataSize(size, 0, QLocale::DataSizeSIFormat);
+    if (size < largestForMail)
+        return translated(QT_TRANSLATE_NOOP("kest::Wording", "%1 by now. Many mail servers stop at 18 MB.")).arg(text);
+    return translated(QT_TRANSLATE_NOOP("kest::Wording", "%1 by now. Many mail servers take no more.")).arg(text);
 }
 
 QString wordsForHandOver(qint64 done, qint64 total)

@@ -14,6 +14,16 @@ QString wordsFor(RecordingTrouble trouble);
 /// file, so that nothing is kept.
 QString wordsForNothingKept(RecordingTrouble trouble);
 
+/// What is wrong with what is heard, and what helps; empty where nothing is.
+/// `microphone` may be empty.
+QString wordsFor(InputCondition condition, const QString &microphone);
+
+/// For a recording in which nothing was ever heard.
+QString wordsForSilentRecording();
+
+/// A recording under way has `size` bytes by now.
+QString wordsForSize(qint64 size);
+
 /// "1.2 MB of 4.8 MB handed to the mail application"; bytes.
 QString wordsForHandOver(qint64 done, qint64 total);
 

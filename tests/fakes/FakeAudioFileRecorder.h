@@ -33,8 +33,10 @@ public:
     float averagePower(int channel) const override { return m_power.value(channel, -160.0F); }
     FileURL url() const override { return m_url; }
     bool isFinishing() const override { return m_finishing; }
+    qint64 fileSize() const override { return m_fileSize; }
 
     void setCurrentTime(double seconds) { m_currentTime = seconds; }
+    void setFileSize(qint64 bytes) { m_fileSize = bytes; }
     void setAveragePower(int channel, float decibels) { m_power.insert(channel, decibels); }
     const AudioRecorderSettings &settings() const { return m_settings; }
 
@@ -50,6 +52,7 @@ private:
     FakeAudioFileRecorderFactory &m_factory;
     QHash<int, float> m_power;
     double m_currentTime = 0.0;
+    qint64 m_fileSize = 0;
     bool m_finishing = false;
     bool m_finished = false;
 };

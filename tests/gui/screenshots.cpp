@@ -92,6 +92,11 @@ struct Studio {
         take(QStringLiteral("idle"));
         record();
         take(QStringLiteral("recording"));
+        Q_EMIT house.recorders.last()->inputConditionChanged(InputCondition::Silent, QStringLiteral("Built-in Microphone"));
+        take(QStringLiteral("silent"));
+        Q_EMIT house.recorders.last()->inputConditionChanged(InputCondition::Clipping, QStringLiteral("Family 17h/19h HD Audio Controller Analog Stereo"));
+        take(QStringLiteral("too-loud"));
+        Q_EMIT house.recorders.last()->inputConditionChanged(InputCondition::Heard, {});
         house.controller->audioRecordingPauseResume();
         take(QStringLiteral("paused"));
         house.controller->audioRecordingStop();

@@ -103,6 +103,31 @@ private Q_SLOTS:
                  QStringLiteral("The microphone went away. The recording is kept."));
     }
 
+    void aWarningIsToldOnceForEveryHiding()
+    {
+        const QString muted = QStringLiteral("Kest is still recording\nNo sound. Is “USB Mic” muted?\n");
+        const auto hear = [this](InputCondition condition) {
+            Q_EMIT m_house->recorders().last()->inputConditionChanged(condition, QStringLiteral("USB Mic"));
+        };
+        record();
+        hear(InputCondition::Silent);
+        QCOMPARE(notice(), QString()); // the window says it
+        turnToAnother();
+        notice().clear();
+        hear(InputCondition::Heard);
+        hear(InputCondition::Silent);
+        QVERIFY2(notice().startsWith(muted), qPrintable(notice()));
+        notice().clear();
+        hear(InputCondition::Heard);
+        hear(InputCondition::Silent);
+        QCOMPARE(notice(), QString());
+        turnTo(mailApplicationIdentifier);
+        turnToAnother();
+        hear(InputCondition::Heard);
+        hear(InputCondition::Silent);
+        QVERIFY2(notice().startsWith(muted), qPrintable(notice()));
+    }
+
     // The window said it; only the next recording goes on again.
     void aRecordingThatEndedBeforeIsNotSaidToGoOn()
     {

@@ -5,9 +5,11 @@ attached to every source, or stale audio would pile up in the FIFO and reach the
 """
 
 import re
+import shutil
 import signal
 import socket
 import subprocess
+from pathlib import Path
 
 from .base import ServiceError, wait_until
 from .microphone import Microphone
@@ -137,6 +139,10 @@ class SoundServer:
         self._pactl("set-default-source", name)
         wait_until(lambda: self.default_source() == name, f"{name} to be the default source")
 
+    def mute(self, name, muted=True):
+        """The person mutes a microphone in the desktop's sound settings."""
+        self._pactl("set-source-mute", name, "1" if muted else "0")
+
     def suspend(self, name, suspended=True):
         self._pactl("suspend-source", name, "1" if suspended else "0")
 
@@ -202,6 +208,8 @@ class SoundServer:
     def _start_pipewire(self):
         core = self.sandbox.runtime / "pipewire-0"
         core.unlink(missing_ok=True)
+        # It remembers who was muted, and would mute the next test's microphones.
+        shutil.rmtree(Path(self.sandbox.env["XDG_STATE_HOME"]) / "wireplumber", ignore_errors=True)
         environment = {"PIPEWIRE_RUNTIME_DIR": str(self.sandbox.runtime), "DISABLE_RTKIT": "1"}
         self.sandbox.env.update(environment)
         self.processes = [self.sandbox.start("pipewire", ["pipewire"])]

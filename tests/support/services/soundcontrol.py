@@ -54,7 +54,7 @@ class SoundControl:
             return {"count": self.server.recorders()}
         if verb in ("hush", "play"):
             return getattr(self.server.microphone, verb)(**request)
-        if verb in ("remove_source", "set_default", "suspend", "rename", "kill", "stall", "resume", "start",
+        if verb in ("remove_source", "set_default", "mute", "suspend", "rename", "kill", "stall", "resume", "start",
                     "restart_with_microphone", "move_recorders", "force_rate"):
             return getattr(self.server, verb)(**request)
         raise ValueError(f"no operation {verb}")

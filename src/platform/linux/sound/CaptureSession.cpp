@@ -34,7 +34,8 @@ std::shared_ptr<CaptureSession> CaptureSession::start(const std::shared_ptr<Puls
 }
 
 CaptureSession::CaptureSession(const std::shared_ptr<PulseContext> &context)
-    : m_owner(context), m_context(context.get()), m_gate(CaptureStream::sampleRate), m_meter(CaptureStream::sampleRate)
+    : m_owner(context), m_context(context.get()), m_gate(CaptureStream::sampleRate), m_meter(CaptureStream::sampleRate),
+      m_inputWatch(CaptureStream::sampleRate)
 {
 }
 
@@ -44,6 +45,8 @@ void CaptureSession::setEvents(Events events)
         self->m_events = events;
         if (self->m_trouble && events.troubleOccurred)
             events.troubleOccurred(self->m_trouble->first, self->m_trouble->second);
+        self->m_toldCondition = InputCondition::Unknown;
+        self->tellInputCondition();
     });
 }
 
@@ -137,16 +140,29 @@ void CaptureSession::streamLost()
     fail(RecordingTrouble::MicrophoneLost, microphoneName());
 }
 
-void CaptureSession::samplesCaptured(const float *samples, qsizetype count, MonotonicTime start)
+void CaptureSession::samplesCaptured(const float *samples, qsizetype count, MonotonicTime start, bool clipped)
 {
     if (m_state != State::Streaming)
         return;
     m_waitingSince = monotonicNow();
-    m_gate.pass(samples, count, start, [this](const float *kept, qsizetype keptCount) { keep(kept, keptCount); });
+    m_gate.pass(samples, count, start, [this, clipped](const float *kept, qsizetype keptCount) {
+        keep(kept, keptCount);
+        m_inputWatch.add(kept, keptCount, clipped);
+    });
     if (m_gate.hasEnded())
-        end();
-    else if (!m_gate.isOpen())
+        return end();
+    if (!m_gate.isOpen()) {
         m_meter.reset();
+        m_inputWatch.reset();
+    }
+    tellInputCondition();
+}
+
+void CaptureSession::tellInputCondition()
+{
+    const InputCondition condition = m_inputWatch.condition();
+    if (std::exchange(m_toldCondition, condition) != condition && m_events.inputConditionChanged)
+        m_events.inputConditionChanged(condition, microphoneName());
 }
 
 void CaptureSession::keep(const float *samples, qsizetype count)
@@ -204,6 +220,8 @@ void CaptureSession::end()
         return;
     m_gate.end();
     m_meter.reset();
+    m_inputWatch.reset();
+    tellInputCondition();
     m_context->removeListener(this);
     // Later: this may be called from a callback of the one or the other.
     m_context->thread().post([self = shared_from_this()] {

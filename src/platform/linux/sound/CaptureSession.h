@@ -3,6 +3,7 @@
 #include "platform/AudioFileRecorder.h"
 #include "platform/linux/sound/CaptureGate.h"
 #include "platform/linux/sound/CaptureStream.h"
+#include "platform/linux/sound/InputWatch.h"
 #include "platform/linux/sound/LevelMeter.h"
 #include "platform/linux/sound/PulseContext.h"
 #include "platform/linux/sound/SampleRing.h"
@@ -30,6 +31,7 @@ public:
     struct Events {
         std::function<void()> captureStarted; ///< Once, with the first sample of the recording.
         std::function<void(RecordingTrouble trouble, const QString &detail)> troubleOccurred; ///< Once; it ends then.
+        std::function<void(InputCondition condition, const QString &microphone)> inputConditionChanged;
     };
 
     /// Begins to open the microphone. Not running until `resume`.
@@ -64,13 +66,14 @@ private:
 
     void sourcesChanged() override;
     void contextLost() override;
-    void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start) override;
+    void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start, bool clipped) override;
     void streamLost() override;
 
     void post(std::function<void()> task);
     void open();
     void tryToOpenStream();
     void keep(const float *samples, qsizetype count);
+    void tellInputCondition();
     void watch();
     std::optional<RecordingTrouble> troubleOfWaiting(qint64 waited) const;
     QString microphoneName() const;
@@ -93,6 +96,8 @@ private:
     std::unique_ptr<CaptureStream> m_stream;
     std::unique_ptr<PulseTimer> m_watch;
     std::optional<std::pair<RecordingTrouble, QString>> m_trouble;
+    InputWatch m_inputWatch;
+    InputCondition m_toldCondition = InputCondition::Unknown;
     MonotonicTime m_waitingSince = 0; // for the server, or for data
     MonotonicTime m_stopBy = 0;       // 0 while not stopping
     bool m_everReady = false;

@@ -11,7 +11,7 @@ constexpr qint64 nanosecondsPerSecond = 1'000'000'000;
 } // namespace
 
 CaptureStream::CaptureStream(PulseContext &context, const PulseSource &source, CaptureStreamListener &listener)
-    : m_context(context), m_source(source), m_listener(listener)
+    : m_context(context), m_source(source), m_listener(listener), m_clipping(source.channels.channels)
 {
 }
 
@@ -72,9 +72,11 @@ bool CaptureStream::readChunk()
         return false;
     const qsizetype frames = qsizetype(bytes / pa_frame_size(pa_stream_get_sample_spec(m_stream)));
     const MonotonicTime start = captureTime(frames);
-    average(static_cast<const float *>(data), frames); // null data is a hole: what the server lost, kept as silence
+    const auto *interleaved = static_cast<const float *>(data); // null is a hole: what the server lost, kept as silence
+    average(interleaved, frames);
+    const bool clipped = interleaved && m_clipping.hearsClipping(interleaved, frames);
     pa_stream_drop(m_stream);
-    m_listener.samplesCaptured(m_mono.data(), frames, start);
+    m_listener.samplesCaptured(m_mono.data(), frames, start, clipped);
     return true;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/sound/CaptureGate.h"
+#include "platform/linux/sound/ClippingDetector.h"
 #include "platform/linux/sound/PulseContext.h"
 
 #include <pulse/stream.h>
@@ -17,8 +18,8 @@ public:
     virtual ~CaptureStreamListener() = default;
 
     /// Mono samples, full scale -1 to 1. `start` is the moment at which the
-    /// first of them was captured.
-    virtual void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start) = 0;
+    /// first of them was captured; `clipped`: a channel was cut off among them.
+    virtual void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start, bool clipped) = 0;
 
     /// The source is gone, or the stream was refused. Last call.
     virtual void streamLost() = 0;
@@ -60,6 +61,7 @@ private:
     const PulseSource m_source;
     CaptureStreamListener &m_listener;
     pa_stream *m_stream = nullptr;
+    ClippingDetector m_clipping;
     std::vector<float> m_mono;
 };
 

@@ -57,13 +57,17 @@ void PulseRecorder::startJob(RecordingFile file, std::unique_ptr<RecordingJourna
     m_capture = m_parts.startCapture();
     m_capture->setEvents(
         {[mailbox] { deliver(mailbox, [](PulseRecorder *recorder) { Q_EMIT recorder->captureStarted(); }); },
-         tellTroubleFromAnywhere});
+         tellTroubleFromAnywhere, [mailbox](InputCondition condition, const QString &microphone) {
+             deliver(mailbox, [=](PulseRecorder *recorder) {
+                 Q_EMIT recorder->inputConditionChanged(condition, microphone);
+             });
+         }});
     const auto tellFinishedFromAnywhere = [mailbox](bool kept, const FileURL &url) {
         deliver(mailbox, [=](PulseRecorder *recorder) { recorder->tellFinished(kept, url); });
     };
     auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, std::move(entry),
-                                                                  std::move(file), m_format, tellTroubleFromAnywhere,
-                                                                  tellFinishedFromAnywhere});
+                                                                  std::move(file), m_format, m_fileSize,
+                                                                  tellTroubleFromAnywhere, tellFinishedFromAnywhere});
     m_parts.jobs->run([job] { job->run(); });
 }
 

@@ -7,6 +7,7 @@
 #include "platform/linux/sound/RecordingJobs.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
+#include <atomic>
 #include <deque>
 #include <functional>
 #include <memory>
@@ -40,6 +41,7 @@ public:
     void updateMeters() override;
     float averagePower(int channel) const override;
     FileURL url() const override { return m_url; }
+    qint64 fileSize() const override { return m_fileSize->load(std::memory_order_relaxed); }
     bool isFinishing() const override { return m_state == State::Finishing; }
 
 private:
@@ -66,6 +68,7 @@ private:
     const Parts m_parts;
     const std::shared_ptr<Mailbox> m_mailbox = std::make_shared<Mailbox>();
     std::shared_ptr<CaptureSession> m_capture; // null until prepared
+    const std::shared_ptr<std::atomic<qint64>> m_fileSize = std::make_shared<std::atomic<qint64>>(0); // the job's
     State m_state = State::New;
     bool m_metering = false;
     float m_power = LevelMeter::silence;

@@ -111,6 +111,12 @@ std::optional<RecordingFile> RecordingFile::open(const FileURL &file, FileFailur
     return opened;
 }
 
+qint64 RecordingFile::size() const
+{
+    struct stat status = {};
+    return ::fstat(descriptor(), &status) == 0 ? status.st_size : 0;
+}
+
 qint64 RecordingFile::birthTime() const
 {
     struct statx status = {};

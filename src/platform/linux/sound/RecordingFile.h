@@ -52,6 +52,9 @@ public:
     quint64 device() const { return m_device; }
     quint64 inode() const { return m_inode; }
 
+    /// Bytes; 0 when the file system does not say.
+    qint64 size() const;
+
     /// When the file was made, in nanoseconds since 1970: with the inode it
     /// tells this file from a later one that got its inode. 0 where the file
     /// system does not say.

@@ -45,6 +45,7 @@ void RecordingJob::encode()
             writeFailed(*failure);
         else
             m_written += count;
+        m_parts.fileSize->store(m_parts.file.size(), std::memory_order_relaxed);
     }
     if (m_failed || m_written == 0)
         return;

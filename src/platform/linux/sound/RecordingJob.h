@@ -6,6 +6,7 @@
 #include "platform/linux/sound/RecordingFile.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
+#include <atomic>
 #include <functional>
 #include <memory>
 
@@ -23,6 +24,7 @@ public:
         std::unique_ptr<RecordingJournal::Entry> entry; ///< Announces `file`; null when that could not be done.
         RecordingFile file;
         EncoderFormat format;
+        std::shared_ptr<std::atomic<qint64>> fileSize; ///< Bytes; kept up to date while it is written.
         std::function<void(RecordingTrouble trouble, const QString &detail)> troubleOccurred; ///< On the job's thread.
         /// On the job's thread, once, last. The file is at `url` now.
         std::function<void(bool kept, const FileURL &url)> finished;

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QApplication>
+
+#include <chrono>
+#include <functional>
+
+namespace kest {
+
+class AlertPresenter;
+class ApplicationDelegate;
+class AudioFileRecorderFactory;
+class BookmarkStore;
+class Clock;
+class FolderContents;
+class MailTransport;
+class ProcessInfo;
+class UserDefaults;
+class Workspace;
+
+/// What the main window needs of the rest. All must outlive the controller.
+struct MainWindowDependencies {
+    Clock &clock;
+    ProcessInfo &processInfo;
+    AudioFileRecorderFactory &recorderFactory;
+    MailTransport &mailTransport;
+    AlertPresenter &alertPresenter;
+    UserDefaults &userDefaults;
+    ApplicationDelegate &delegate;
+    FolderContents &folderContents;
+    BookmarkStore &bookmarkStore;
+    Workspace &workspace;
+
+    std::function<void()> beep = [] { QApplication::beep(); };
+
+    /// How long a command waits for a recording to be finished.
+    std::chrono::milliseconds finishTimeLimit{30000};
+};
+
+} // namespace kest
