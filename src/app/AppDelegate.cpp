@@ -86,6 +86,13 @@ void AppDelegate::connectWindow()
     connect(window, &MainWindowController::helpRequested, this, &AppDelegate::openHelp);
     connect(window, &MainWindowController::recordingTroubleTold, this, &AppDelegate::tellTrouble);
     connect(window, &MainWindowController::recordingWarned, this, &AppDelegate::tellWarning);
+    // Queued: it may connect to a bus, and nothing is to stand between the press and the first word.
+    connect(
+        window, &MainWindowController::recordingGoesOnChanged, this,
+        [this](bool goesOn) {
+            goesOn ? m_platform.sleepHold->hold(tr("A message is being recorded")) : m_platform.sleepHold->letGo();
+        },
+        Qt::QueuedConnection);
     connect(window, &MainWindowController::openURLRequested, this,
             [this](const QUrl &url) { m_platform.workspace->openURL(url); });
     for (const QString &message : std::as_const(m_settingsTroubles))

@@ -7,6 +7,7 @@
 #include "platform/FolderContents.h"
 #include "platform/MailTransport.h"
 #include "platform/ProcessInfo.h"
+#include "platform/SleepHold.h"
 #include "platform/Trash.h"
 #include "platform/Workspace.h"
 
@@ -22,6 +23,7 @@ struct Platform {
     std::unique_ptr<BookmarkStore> bookmarkStore;
     std::unique_ptr<FolderContents> folderContents;
     std::unique_ptr<Trash> trash;
+    std::unique_ptr<SleepHold> sleepHold;
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
     std::unique_ptr<MailTransport> mailTransport;

@@ -200,6 +200,10 @@ Q_SIGNALS:
 
     void helpRequested();
 
+    /// Sound is being recorded from now on, or no longer: it is paused, or has
+    /// ended, by a trouble too.
+    void recordingGoesOnChanged(bool goesOn);
+
     /// The window says why the recording ended, or never began; `words` is the
     /// sentence. For those who speak to the person while it is hidden.
     void recordingTroubleTold(const QString &words);
@@ -283,6 +287,7 @@ private:
     RecordingWarnings *m_warnings = nullptr;
 
     bool m_recordingActive = false;
+    bool m_recordingGoesOn = false;
     bool m_sheetShowing = false;
     bool m_recordingExists = false;
     bool m_canReplyOrCompose = false;

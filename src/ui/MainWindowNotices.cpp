@@ -124,6 +124,9 @@ void MainWindowController::updateStatusNotice()
         status = tr("Recorded, ready to send");
     m_notices.tell(NoticePlace::Subject::Status, status);
     m_ui->recordButton->setHeld(paused);
+    const bool goesOn = m_recordingActive && !paused && !m_recordingTrouble;
+    if (std::exchange(m_recordingGoesOn, goesOn) != goesOn)
+        Q_EMIT recordingGoesOnChanged(goesOn);
 }
 
 void MainWindowController::showNotice()

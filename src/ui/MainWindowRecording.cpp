@@ -80,6 +80,7 @@ void MainWindowController::tellTrouble(RecordingTrouble trouble, const QString &
 {
     m_recordingTrouble = {trouble, detail};
     sayTrouble(wordsFor(trouble), detail);
+    updateStatusNotice();
 }
 
 void MainWindowController::sayTrouble(const QString &words, const QString &detail)

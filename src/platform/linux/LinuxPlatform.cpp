@@ -5,6 +5,7 @@
 #include "platform/linux/desktop/LinuxProcessInfo.h"
 #include "platform/linux/desktop/LinuxWorkspace.h"
 #include "platform/linux/desktop/PosixFolderContents.h"
+#include "platform/linux/desktop/SleepInhibitor.h"
 #include "platform/linux/desktop/SystemClock.h"
 #include "platform/linux/mail/DBusMailTransport.h"
 #include "platform/linux/sound/PulseSound.h"
@@ -39,6 +40,7 @@ Platform makeLinuxPlatform()
     platform.bookmarkStore = std::make_unique<LinuxBookmarkStore>();
     platform.folderContents = std::make_unique<PosixFolderContents>();
     platform.trash = std::make_unique<FreedesktopTrash>();
+    platform.sleepHold = std::make_unique<SleepInhibitor>();
     PulseSound sound = makePulseSound();
     platform.audioHardware = std::move(sound.audioHardware);
     platform.recorderFactory = std::move(sound.recorderFactory);

@@ -5,6 +5,7 @@
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeAudioHardware.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeSleepHold.h"
 #include "fakes/FakeWorkspace.h"
 #include "fakes/RecordingAlertPresenter.h"
 #include "fakes/RecordingMailTransport.h"
@@ -64,6 +65,7 @@ struct AppHouse {
         platform.recorderFactory = std::make_unique<NotingRecorderFactory>();
         platform.mailTransport = std::make_unique<RecordingMailTransport>();
         platform.workspace = std::make_unique<FakeWorkspace>();
+        platform.sleepHold = std::make_unique<FakeSleepHold>();
         hardware().name = QStringLiteral("Built-in Microphone");
         defaults = std::make_unique<UserDefaults>(settingsPath());
     }
@@ -81,6 +83,7 @@ struct AppHouse {
     QString recordings() const { return home.filePath(QStringLiteral("Music/Kest")); }
     FakeAudioHardware &hardware() const { return static_cast<FakeAudioHardware &>(*platform.audioHardware); }
     FakeWorkspace &workspace() const { return static_cast<FakeWorkspace &>(*platform.workspace); }
+    FakeSleepHold &sleep() const { return static_cast<FakeSleepHold &>(*platform.sleepHold); }
     NotingRecorderFactory &recorders() const { return static_cast<NotingRecorderFactory &>(*platform.recorderFactory); }
     MainWindowController &window() const { return *delegate->winController(); }
     bool isShown() const { return window().window()->isVisible(); }

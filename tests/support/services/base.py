@@ -69,7 +69,8 @@ class Sandbox:
             XDG_STATE_HOME=str(self.home / ".local/state"), XDG_CACHE_HOME=str(self.home / ".cache"),
             XDG_CONFIG_DIRS="/etc/xdg", XDG_DATA_DIRS="/usr/local/share:/usr/share",
             TMPDIR=str(self.root / "tmp"), NO_AT_BRIDGE="1", GIO_USE_VFS="local", GSETTINGS_BACKEND="memory",
-            QT_QPA_PLATFORM="offscreen", DBUS_SESSION_BUS_ADDRESS="disabled:")
+            QT_QPA_PLATFORM="offscreen", DBUS_SESSION_BUS_ADDRESS="disabled:",
+            DBUS_SYSTEM_BUS_ADDRESS="disabled:")
         for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME", "TMPDIR"):
             Path(self.env[name]).mkdir(parents=True, exist_ok=True)
         self.processes = []
