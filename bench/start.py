@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Start to first picture, and memory at rest: Kest beside a bare Qt Widgets window and a well-known recorder.
+"""Start to first picture, and memory at rest: Kest beside a form of Qt's own controls, an empty window and a well-known
+recorder.
 
     bench/start.py [--runs N]
 
@@ -58,7 +59,8 @@ def main():
     runs = parser.parse_args().runs
     build()
     programs = {"Kest": [str(top / "build/release/bin/kest")],
-                "bare Qt Widgets window": [str(top / "build/release/bin/bare_window")]}
+                "bare form, 14 stock controls": [str(top / "build/release/bin/bare_form")],
+                "empty Qt Widgets window": [str(top / "build/release/bin/bare_window")]}
     if shutil.which("gnome-sound-recorder"):
         programs["gnome-sound-recorder"] = ["gnome-sound-recorder"]
     figures = {name: [] for name in programs}
