@@ -25,11 +25,6 @@ OutgoingMessage outgoingMessage(MailApplication &application, const QVariantList
 
 } // namespace
 
-QString attachmentName(const FileURL &file)
-{
-    return QString::fromUtf8(file.nativeLastPathComponent());
-}
-
 ScriptingClass::ScriptingClass(MailApplication &application, QString name)
     : m_application(&application)
     , m_name(std::move(name))

@@ -120,8 +120,4 @@ private:
     std::optional<Error> m_lastError;
 };
 
-/// The name under which a file is attached: its own, with U+FFFD for what is
-/// not UTF-8, because texts on the bus are UTF-8.
-QString attachmentName(const FileURL &file);
-
 } // namespace kest

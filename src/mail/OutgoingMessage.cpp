@@ -9,8 +9,8 @@ using namespace Qt::StringLiterals;
 
 void ContentCharacters::insertObject(const Attachment &attachment, quint64 atIndex) const
 {
-    const FileURL &file = attachment.fileName();
-    m_message.call(u"InsertAttachment"_s, {attachmentName(file), QVariant::fromValue(MailFile{file}), atIndex});
+    const MailFile file{attachment.fileName()};
+    m_message.call(u"InsertAttachment"_s, {file.name(), QVariant::fromValue(file), atIndex});
 }
 
 QString MessageContent::get() const

@@ -32,6 +32,11 @@ struct MailCall {
 /// descriptor, so the mail application never sees a path.
 struct MailFile {
     FileURL file;
+
+    /// What the attachment is called: the file's name. Bytes that are no UTF-8
+    /// become U+FFFD, and a name that grows beyond the 255 bytes of a file name
+    /// by that is cut, but for its extension.
+    QString name() const;
 };
 
 /// The answer to one call. `error` is set when the call failed; then `values`

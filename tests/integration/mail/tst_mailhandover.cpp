@@ -55,6 +55,22 @@ private Q_SLOTS:
         QCOMPARE(m_fake.onlyOutgoing()[u"attachments"][0][u"name"].toString(), u"caf\ufffd.m4a"_s);
     }
 
+    void nameThatIsNotUtf8StaysAsShortAsANameMayBe_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QString>("arrives");
+        const QString longest = QString(83, QChar::ReplacementCharacter); // 249 bytes
+        QTest::newRow("cut") << QByteArray(251, '\xe9') + ".m4a" << longest + u".m4a"_s;
+        QTest::newRow("a character that does not fit") << QByteArray(248, '\xe9') + "\u00e4.m4a" << longest + u".m4a"_s;
+        QTest::newRow("without extension") << QByteArray(255, '\xe9') << QString(85, QChar::ReplacementCharacter);
+    }
+    void nameThatIsNotUtf8StaysAsShortAsANameMayBe()
+    {
+        QFETCH(QByteArray, name);
+        QVERIFY(!hand(m_files.write(name, "bytes")).error);
+        QTEST(m_fake.onlyOutgoing()[u"attachments"][0][u"name"].toString(), "arrives");
+    }
+
     void thirtyMegabytesArriveAndTellHowFarTheyAre()
     {
         QByteArray bytes(30'000'000, Qt::Uninitialized);
@@ -124,7 +140,7 @@ private:
         MailTransport &used = transport ? *transport : own;
         const MailReply made = used.call({u"/org/kest/Mail1"_s, u"org.kest.Mail1.Application"_s,
                                           u"MakeOutgoingMessage"_s, MailCall::Kind::Method, {u"s"_s, u"c"_s}});
-        const QString name = QString::fromUtf8(file.nativeLastPathComponent());
+        const QString name = MailFile{file}.name();
         return used.call({made.values.value(0).toString(), u"org.kest.Mail1.OutgoingMessage"_s, u"InsertAttachment"_s,
                           MailCall::Kind::Method, {name, QVariant::fromValue(MailFile{file}), quint64(1)}});
     }

@@ -29,7 +29,7 @@ std::optional<QVariant> busFiles(const QVariantList &files, Error *error)
         const auto descriptor = openedForHandOver(file.value<MailFile>().file, error);
         if (!descriptor)
             return std::nullopt;
-        opened.append({QString::fromUtf8(file.value<MailFile>().file.nativeLastPathComponent()), *descriptor});
+        opened.append({file.value<MailFile>().name(), *descriptor});
     }
     return QVariant::fromValue(opened);
 }
