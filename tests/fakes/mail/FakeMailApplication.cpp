@@ -5,8 +5,10 @@
 #include <QDBusError>
 #include <QDBusMetaType>
 #include <QDBusVariant>
+#include <QFile>
 #include <QTimer>
 
+#include <csignal>
 #include <cstdlib>
 
 namespace kest::test {
@@ -101,9 +103,17 @@ bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBus
         std::_Exit(0);
     if (trouble.action == u"garble")
         return connection.send(message.createReply(QVariantList{42, u"nonsense"_s}));
+    if (trouble.action == u"kill") {
+        ::kill(trouble.detail.toInt(), SIGKILL);
+        return true;
+    }
     const Outcome outcome = trouble.action == u"fail"
         ? Outcome{{}, trouble.detail.section(u' ', 0, 0), trouble.detail.section(u' ', 1)}
         : carryOut(request);
+    if (outcome.errorName.isEmpty())
+        writeDown(request);
+    if (trouble.action == u"vanish-unanswered")
+        std::_Exit(0);
     const QDBusMessage answer = outcome.errorName.isEmpty()
         ? message.createReply(outcome.values)
         : message.createErrorReply(interfacePrefix + u"Error."_s + outcome.errorName, outcome.errorWords);
@@ -115,6 +125,13 @@ bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBus
     if (trouble.action == u"vanish-after")
         QTimer::singleShot(50, this, [] { std::_Exit(0); }); // when the bus has the answer
     return true;
+}
+
+void FakeMailApplication::writeDown(const Request &request)
+{
+    QFile file(qEnvironmentVariable("KEST_FAKE_MAIL_JOURNAL"));
+    if (!file.fileName().isEmpty() && file.open(QIODevice::Append | QIODevice::Unbuffered))
+        file.write((request.interface + u'.' + request.member + u'\n').toUtf8());
 }
 
 FakeMailApplication::Outcome FakeMailApplication::carryOut(const Request &request)

@@ -58,6 +58,9 @@ private:
     bool countsAsCall(const Request &request) const;
 
     Outcome carryOut(const Request &request);
+
+    /// Outlives this process, for who wants to know what was done before it went.
+    static void writeDown(const Request &request);
     Outcome forApplication(const Request &request);
     Outcome forMessage(const Request &request);
     Outcome forOutgoing(const Request &request);

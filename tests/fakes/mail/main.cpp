@@ -1,5 +1,6 @@
 // fake-mail-application [NAME]: serves org.kest.Mail1.NAME ("Fake" by default) on the session bus until it is ended.
-// KEST_FAKE_MAIL_CONFIGURATION may hold the mailbox to begin with.
+// KEST_FAKE_MAIL_CONFIGURATION may hold the mailbox to begin with. KEST_FAKE_MAIL_JOURNAL may name a file: what was done is
+// written there, a line each.
 
 #include "fakes/mail/FakeMailScript.h"
 #include "platform/linux/mail/MailFileDescriptor.h"

@@ -2,6 +2,7 @@
 
 #include "support/FailingCalls.h"
 #include "support/PrivateMounts.h"
+#include "support/StalledThread.h"
 #include "support/VirtualMicrophone.h"
 
 #include <QDir>
@@ -36,6 +37,7 @@ private Q_SLOTS:
     void init();
     void fullDiskEndsTheRecording();
     void brokenDiskEndsTheRecording();
+    void theTroubleIsToldBeforeTheEndHoweverLateTheCaptureThreadIs();
     void diskThatFillsUpInTheMiddleOfFinishing_data();
     void diskThatFillsUpInTheMiddleOfFinishing();
     void diskThatBreaksInTheMiddleOfFinishing_data();
@@ -129,6 +131,22 @@ void RecordingDiskTest::brokenDiskEndsTheRecording()
     verifyPlayable(bench, before - runUp);
     QCOMPARE(listed(), QStringList(QStringLiteral("message.m4a")));
     QVERIFY2(!outermostBoxes(bench.recorder->url()).contains("moof"), "what was written could be finished, but was not");
+}
+
+void RecordingDiskTest::theTroubleIsToldBeforeTheEndHoweverLateTheCaptureThreadIs()
+{
+    RecorderBench bench(nullptr, folder());
+    QVERIFY(recordIntoFile(bench));
+    QStringList told;
+    connect(bench.recorder.get(), &AudioFileRecorder::troubleOccurred, this, [&] { told += QStringLiteral("trouble"); });
+    connect(bench.recorder.get(), &AudioFileRecorder::finished, this, [&] { told += QStringLiteral("finished"); });
+    const FailingCalls broken(FileCall::WriteAt, "message.m4a", 1, EIO);
+    // The encoder finds so much to write when it goes on that it fails while the capture thread still stands.
+    QVERIFY(stallThread("kest-recording", 500));
+    QTest::qWait(400);
+    QVERIFY(stallThread("kest-capture", 700));
+    QTRY_COMPARE_WITH_TIMEOUT(told.size(), 2, 20'000);
+    QCOMPARE(told, QStringList({QStringLiteral("trouble"), QStringLiteral("finished")}));
 }
 
 void RecordingDiskTest::diskThatFillsUpInTheMiddleOfFinishing_data()

@@ -21,16 +21,20 @@ TROUBLES = ("NoSoundServer", "NoMicrophone", "MicrophoneLost", "SoundServerLost"
 
 
 class Recorder:
-    """kest-driven-recorder with its files under `root`; `root`/state is where it remembers what is unfinished."""
+    """kest-driven-recorder with its files under `root`; `root`/state is where it remembers what is unfinished.
 
-    def __init__(self, sandbox, build, root):
+    What is shared with it lies in `beside`, by default next to `root`.
+    """
+
+    def __init__(self, sandbox, build, root, beside=None):
         self.root = root
-        self.control = self._shared(root.parent / f"{root.name}.calls")
-        self.counter = self._shared(root.parent / f"{root.name}.samples")
+        calls, samples = ((beside or root.parent) / f"{root.name}.{what}" for what in ("calls", "samples"))
+        self.control = self._shared(calls)
+        self.counter = self._shared(samples)
         self.process = sandbox.start(
-            "recorder", [build / "bin/kest-driven-recorder", root.parent / f"{root.name}.samples"],
+            "recorder", [build / "bin/kest-driven-recorder", samples],
             env={"XDG_STATE_HOME": str(root / "state"), "LD_PRELOAD": str(build / "lib/kest-file-calls.so"),
-                 "KEST_FILE_CALLS": str(root.parent / f"{root.name}.calls"), "KEST_FILE_CALLS_UNDER": str(root)},
+                 "KEST_FILE_CALLS": str(calls), "KEST_FILE_CALLS_UNDER": str(root)},
             stdin=subprocess.PIPE, stdout=subprocess.PIPE, bufsize=0)
         self.sandbox = sandbox
         self.pending = b""

@@ -6,13 +6,14 @@ import subprocess
 import time
 from pathlib import Path
 
-from .driven import RATE, RENAME, TROUBLES, Recorder
+from services.base import wait_until
+
+from .driven import PATIENCE, RATE, RENAME, TROUBLES, Recorder
 from .row import Row, Seen
 from .sounding import decoded_samples, is_ordinary, seconds_lost
 
 TOLD_WITHIN = 2.0  # seconds
-ON_ITS_WAY = 0.25  # Seconds that were captured but not yet in the file when the disk was full.
-PACKET = 1024
+PACKET = 1024  # Samples; how much of the last one plays, only a finished file says.
 PAGE = 4096
 
 
@@ -74,7 +75,8 @@ class Take:
 
     def recording(self):
         self.recorder.wait_for_samples(int(self.chance.uniform(0.3, 1.5) * RATE))
-        self.captured = self.recorder.samples() - int(ON_ITS_WAY * RATE)
+        wait_until(lambda: decoded_samples(self.file), "something in the file", PATIENCE)
+        self.captured = decoded_samples(self.file) - PACKET
         now = time.monotonic_ns()
         self.disk.fill()
         return now

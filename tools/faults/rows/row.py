@@ -5,6 +5,10 @@ import time
 from collections.abc import Callable
 
 
+class NotHere(Exception):
+    """This machine refuses what the fault takes, in words."""
+
+
 @dataclasses.dataclass
 class Seen:
     """What the runs of one row showed."""
@@ -18,7 +22,7 @@ class Seen:
 
 @dataclasses.dataclass
 class Row:
-    """`run(context, runs)` gives a Seen; `short` and `long` are how often each version runs it."""
+    """`run(context, runs)` gives a Seen; `short` and `long` are how often each version runs it, null for not at all."""
 
     name: str
     fault: str

@@ -74,9 +74,9 @@ void CaptureSession::stop()
     });
 }
 
-void CaptureSession::abort(RecordingTrouble trouble, const QString &detail)
+void CaptureSession::abandon()
 {
-    post([self = shared_from_this(), trouble, detail] { self->fail(trouble, detail); });
+    post([self = shared_from_this()] { self->end(); });
 }
 
 qsizetype CaptureSession::read(float *samples, qsizetype count, int milliseconds)

@@ -50,8 +50,9 @@ public:
     /// some tens of milliseconds, and in any case soon.
     void stop();
 
-    /// Ends because what it captures cannot be kept; tells `trouble`.
-    void abort(RecordingTrouble trouble, const QString &detail);
+    /// Ends at once, because what it captures cannot be kept. Tells nothing: who
+    /// knows why tells it.
+    void abandon();
 
     qint64 capturedSamples() const { return m_captured.load(std::memory_order_acquire); }
     float decibels() const { return m_meter.decibels(); }

@@ -60,19 +60,20 @@ bool RecordingJob::openWriter()
     FileFailure failure;
     if (plugin)
         m_writer = plugin->createWriter(m_parts.file.descriptor(), m_parts.format, &failure);
-    if (!m_writer)
-        m_parts.capture->abort(RecordingTrouble::EncoderMissing, plugin ? failure.detail : problem);
-    return m_writer != nullptr;
+    if (m_writer)
+        return true;
+    m_parts.troubleOccurred(RecordingTrouble::EncoderMissing, plugin ? failure.detail : problem);
+    m_parts.capture->abandon();
+    return false;
 }
 
 void RecordingJob::writeFailed(const FileFailure &failure)
 {
     m_failed = true;
     const auto trouble = failure.isDiskFull() ? RecordingTrouble::DiskFull : RecordingTrouble::CannotWrite;
-    if (m_parts.capture->hasEnded())
-        m_parts.troubleOccurred(trouble, failure.detail);
-    else
-        m_parts.capture->abort(trouble, failure.detail);
+    // From here and not through the capture: it must be told before the end is, however late the capture's thread is.
+    m_parts.troubleOccurred(trouble, failure.detail);
+    m_parts.capture->abandon();
 }
 
 bool RecordingJob::finish()
