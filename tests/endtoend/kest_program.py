@@ -47,8 +47,8 @@ class KestProgram:
         with open(path, "w") as out:
             settings.write(out, space_around_delimiters=False)
 
-    def start(self, seconds=20):
-        self.process = self.sandbox.start("kest", [self.build / "bin" / "kest"])
+    def start(self, seconds=20, env=None):
+        self.process = self.sandbox.start("kest", [self.build / "bin" / "kest"], env=env)
         self.root = self.person.application("kest", seconds)
         self.control("Record")
 

@@ -89,6 +89,15 @@ private Q_SLOTS:
         QVERIFY(m_desktop.isViewable(m_window));
     }
 
+    void havingComeBackWithoutTheFocusItTakesItAgain()
+    {
+        hideByTurningToAnother();
+        turnTo(m_mail);
+        QTRY_VERIFY(m_desktop.isViewable(m_window));
+        m_desktop.activate(m_window);
+        QTRY_COMPARE(m_desktop.activeWindow(), m_window);
+    }
+
     void goingToAndFroManyTimesEndsRight()
     {
         for (int time = 0; time < 10; ++time) {

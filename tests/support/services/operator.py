@@ -14,7 +14,8 @@ class Operator:
     def __init__(self, sandbox):
         self.sandbox = sandbox
         for name in ("DBUS_SESSION_BUS_ADDRESS", "XDG_RUNTIME_DIR", "DISPLAY"):
-            os.environ[name] = sandbox.env[name]
+            if name in sandbox.env:
+                os.environ[name] = sandbox.env[name]
         os.environ.pop("NO_AT_BRIDGE", None)
         os.environ.pop("AT_SPI_BUS_ADDRESS", None)
         import pyatspi

@@ -25,6 +25,8 @@ class Thunderbird:
     package has put into Thunderbird's own folders, and the profile says nothing about add-ons, as a person's does not.
     """
 
+    PLATFORM = {"MOZ_ENABLE_WAYLAND": "0"}
+
     def __init__(self, sandbox, mail=None, second_account=False, compose_html=False, prefs=None, addon=True,
                  system_addon=False):
         self.sandbox = sandbox
@@ -49,7 +51,7 @@ class Thunderbird:
     def start(self, wait=True, *arguments):
         self.process = self.sandbox.start(
             "thunderbird", [PROGRAM / "thunderbird", "--profile", self.profile, *arguments],
-            env={"MOZ_CRASHREPORTER_DISABLE": "1", "MOZ_DISABLE_CONTENT_SANDBOX": "1", "MOZ_ENABLE_WAYLAND": "0"})
+            env={"MOZ_CRASHREPORTER_DISABLE": "1", "MOZ_DISABLE_CONTENT_SANDBOX": "1", **self.PLATFORM})
         if wait:
             self.wait_ready()
         return self
@@ -120,7 +122,10 @@ class Thunderbird:
             raise ServiceError(f"{error}; there are {self._titles()}") from error
 
     def _titles(self):
-        return [self.sandbox.run(["xdotool", "getwindowname", window]).strip() for window in self.windows()]
+        return [self.title_of(window) for window in self.windows()]
+
+    def title_of(self, window):
+        return self.sandbox.run(["xdotool", "getwindowname", window]).strip()
 
     def raise_window(self, title):
         window = self.wait_window(title)

@@ -16,6 +16,9 @@ struct Free {
 };
 template<typename Reply> using Owned = std::unique_ptr<Reply, Free>;
 
+// More windows than anybody has open.
+constexpr uint32_t propertyWords = 4096;
+
 } // namespace
 
 struct ActiveWindowWatch::Connection {
@@ -33,7 +36,7 @@ struct ActiveWindowWatch::Connection {
     // Empty when the window or the property has gone meanwhile.
     QByteArray property(xcb_window_t window, xcb_atom_t name, xcb_atom_t type) const
     {
-        const auto cookie = xcb_get_property(xcb, false, window, name, type, 0, 256);
+        const auto cookie = xcb_get_property(xcb, false, window, name, type, 0, propertyWords);
         const Owned<xcb_get_property_reply_t> reply(xcb_get_property_reply(xcb, cookie, nullptr));
         if (!reply || reply->type != type)
             return {};
@@ -53,6 +56,7 @@ struct ActiveWindowWatch::Connection {
     xcb_connection_t *xcb = nullptr;
     xcb_window_t root = XCB_WINDOW_NONE;
     xcb_atom_t activeWindow = atom("_NET_ACTIVE_WINDOW");
+    xcb_atom_t clientList = atom("_NET_CLIENT_LIST");
     xcb_atom_t processId = atom("_NET_WM_PID");
     std::unique_ptr<QSocketNotifier> notifier;
 };
@@ -87,18 +91,34 @@ ActiveWindowWatch::~ActiveWindowWatch() = default;
 void ActiveWindowWatch::readEvents()
 {
     bool isChanged = false;
+    bool isListChanged = false;
     while (const Owned<xcb_generic_event_t> event { xcb_poll_for_event(d->xcb) }) {
         if ((event->response_type & 0x7f) != XCB_PROPERTY_NOTIFY)
             continue;
-        isChanged |= reinterpret_cast<const xcb_property_notify_event_t *>(event.get())->atom == d->activeWindow;
+        const xcb_atom_t name = reinterpret_cast<const xcb_property_notify_event_t *>(event.get())->atom;
+        isChanged |= name == d->activeWindow;
+        isListChanged |= name == d->clientList;
     }
     if (xcb_connection_has_error(d->xcb))
         d->notifier->setEnabled(false);
-    if (!isChanged)
+    if (!isChanged && !isListChanged)
         return;
     // Asked for first, so that a listener that throws takes no later change along.
     QMetaObject::invokeMethod(this, &ActiveWindowWatch::readEvents, Qt::QueuedConnection);
-    Q_EMIT changed();
+    if (isListChanged)
+        Q_EMIT listChanged();
+    if (isChanged)
+        Q_EMIT changed();
+}
+
+bool ActiveWindowWatch::lists(quint32 window) const
+{
+    const QByteArray bytes = d->property(d->root, d->clientList, XCB_ATOM_WINDOW);
+    for (qsizetype at = 0; at + qsizetype(sizeof window) <= bytes.size(); at += sizeof window) {
+        if (std::memcmp(bytes.constData() + at, &window, sizeof window) == 0)
+            return true;
+    }
+    return false;
 }
 
 std::optional<ActiveWindowWatch::Window> ActiveWindowWatch::activeWindow() const

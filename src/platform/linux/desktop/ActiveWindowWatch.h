@@ -9,7 +9,8 @@
 namespace kest {
 
 /// Watches which window is active on an X11 display (also Xwayland's), by the
-/// window manager's _NET_ACTIVE_WINDOW (Extended Window Manager Hints 1.5).
+/// window manager's _NET_ACTIVE_WINDOW, and which it manages, by its
+/// _NET_CLIENT_LIST (Extended Window Manager Hints 1.5).
 ///
 /// On a connection of its own. Main thread.
 class ActiveWindowWatch : public QObject
@@ -33,8 +34,13 @@ public:
     /// manager tells.
     std::optional<Window> activeWindow() const;
 
+    /// The window manager has taken the window on, and shows it or has
+    /// minimised it.
+    bool lists(quint32 window) const;
+
 Q_SIGNALS:
     void changed();
+    void listChanged();
 
 private:
     struct Connection;

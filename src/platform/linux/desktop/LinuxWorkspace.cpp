@@ -59,6 +59,7 @@ void LinuxWorkspace::begin()
         Qt::QueuedConnection);
     m_frontmost.setOwnActive(QGuiApplication::applicationState() == Qt::ApplicationActive);
     if (m_watch) {
+        m_showing = std::make_unique<UnfocusedShowing>(*m_watch);
         connect(m_watch.get(), &ActiveWindowWatch::changed, this, &LinuxWorkspace::readActiveWindow);
         readActiveWindow();
     }

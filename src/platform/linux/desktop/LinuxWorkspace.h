@@ -4,6 +4,7 @@
 #include "platform/linux/desktop/ActiveWindowWatch.h"
 #include "platform/linux/desktop/DesktopNotice.h"
 #include "platform/linux/desktop/FrontmostApplication.h"
+#include "platform/linux/desktop/UnfocusedShowing.h"
 
 #include <memory>
 
@@ -41,6 +42,7 @@ private:
     DesktopNotice m_notice;
     FrontmostApplication m_frontmost;
     std::unique_ptr<ActiveWindowWatch> m_watch; // null where the display is not X11
+    std::unique_ptr<UnfocusedShowing> m_showing; // null where the one above is
     QByteArray m_mailClass;                     // how a mail application's window class begins, in lower case
 };
 
