@@ -6,6 +6,7 @@
 #include "platform/linux/desktop/ColorSchemeWatch.h"
 #include "platform/linux/desktop/SingleInstance.h"
 #include "platform/linux/desktop/TerminationSignals.h"
+#include "platform/linux/desktop/WaylandReturn.h"
 #include "ui/Alert.h"
 #include "ui/Appearance.h"
 #include "ui/MainWindowController.h"
@@ -64,6 +65,8 @@ int run(Application &application, SingleInstance &instance)
         TerminationSignals wishes;
         QObject::connect(&wishes, &TerminationSignals::received, &application, &Application::terminate);
         QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::activate);
+        WaylandReturn wayland;
+        QObject::connect(&instance, &SingleInstance::activated, &wayland, &WaylandReturn::begin);
         delegate.applicationDidFinishLaunching();
         alerts.setWindow(delegate.winController()->window());
         QTimer::singleShot(serveDelay, &instance, &SingleInstance::serve);

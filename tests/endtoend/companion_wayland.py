@@ -199,6 +199,19 @@ class AsAWaylandWindow(WaylandCase):
         desktop.person.find(desktop.person.application("Thunderbird"), role="list item",
                             where=lambda item: item.name.startswith(name))
 
+    def test_starting_it_again_brings_it_to_the_workspace_where_the_person_is(self):
+        self.compositor.command("workspace 2")
+        self.addCleanup(self.compositor.command, "workspace 1")
+        self.kest.come_back()
+        wait_until(lambda: self.in_front() == self.application, "the window to be in front")
+        self.assertEqual(len(self.compositor.views(self.application)), 1)
+
+    def test_starting_it_again_when_it_is_in_front_leaves_it_as_it_is(self):
+        self.kest.come_back()
+        time.sleep(AFTER_THE_GRACE)
+        self.assertEqual(self.in_front(), self.application)
+        self.assertEqual(self.hidings(), 0)
+
 
 if __name__ == "__main__":
     unittest.main()
