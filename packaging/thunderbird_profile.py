@@ -56,6 +56,10 @@ def default_profile():
     raise ProfileError("no Thunderbird profile was found; start Thunderbird once, or name the profile with --profile")
 
 
+class ProfileInUse(ProfileError):
+    """Thunderbird has it open."""
+
+
 class Profile:
     """One profile's folder."""
 
@@ -83,7 +87,7 @@ class Profile:
 
     def must_rest(self):
         if self.is_running():
-            raise ProfileError("Thunderbird is running with this profile; quit it first, then try again")
+            raise ProfileInUse("Thunderbird is running with this profile; quit it first, then try again")
 
     def must_be_reachable(self):
         if any(part in self.path.parts for part in ("snap", ".var")):

@@ -5,6 +5,7 @@
 #include "platform/BookmarkStore.h"
 #include "platform/Clock.h"
 #include "platform/FolderContents.h"
+#include "platform/MailConnection.h"
 #include "platform/MailTransport.h"
 #include "platform/ProcessInfo.h"
 #include "platform/SleepHold.h"
@@ -27,6 +28,7 @@ struct Platform {
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
     std::unique_ptr<MailTransport> mailTransport;
+    std::unique_ptr<MailConnection> mailConnection; // hears of what the transport hears
     std::unique_ptr<Workspace> workspace; // watches the mail transport, so it goes first
 };
 

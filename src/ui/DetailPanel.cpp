@@ -38,7 +38,6 @@ DetailPanel::DetailPanel(Ui::MainWindow &ui, QObject *parent)
     , m_ui(ui)
 {
     showFile({}, {}, false);
-    showMailApplication({});
 }
 
 void DetailPanel::showFile(const FileURL &file, const QString &facts, bool playable)
@@ -69,18 +68,6 @@ void DetailPanel::showRecording(const FileURL &file, std::optional<double> secon
         facts.append(lengthText(*seconds));
     facts.append(QLocale().formattedDataSize(*size, 1, QLocale::DataSizeSIFormat));
     showFile(file, facts.join(QStringLiteral("  ·  ")), true);
-}
-
-void DetailPanel::showMailApplication(const QString &name)
-{
-    m_ui.mailStateField->setText(name.isEmpty() ? tr("Not connected. Your first message starts the mail application.")
-                                                : tr("%1 is connected.").arg(name));
-}
-
-void DetailPanel::showAccount(const QString &account)
-{
-    m_ui.mailAccountField->setText(account.isEmpty() ? tr("Sends from the default account.")
-                                                     : tr("Sends from %1.").arg(account));
 }
 
 } // namespace kest

@@ -15,8 +15,7 @@ class MainWindow;
 
 namespace kest {
 
-/// The lower part of the expanded window: the last recording, and what is known
-/// of the mail application.
+/// The last recording in the lower part of the expanded window.
 class DetailPanel : public QObject
 {
     Q_OBJECT
@@ -34,12 +33,6 @@ public:
 
     /// The recording on show; empty when there is none.
     const FileURL &recording() const { return m_recording; }
-
-    /// `name` of the mail application that serves; empty: none does.
-    void showMailApplication(const QString &name);
-
-    /// The account to send from; empty: the mail application's default.
-    void showAccount(const QString &account);
 
 private:
     void showFile(const FileURL &file, const QString &facts, bool playable);

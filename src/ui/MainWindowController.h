@@ -274,7 +274,6 @@ private:
     void showNotice();
     void updateStatusNotice();
     void mailBusyChanged();
-    void showAccount();
 
     MainWindowDependencies m_dependencies;
     std::unique_ptr<QWidget> m_window;

@@ -13,6 +13,7 @@ class AudioFileRecorderFactory;
 class BookmarkStore;
 class Clock;
 class FolderContents;
+class MailConnection;
 class MailTransport;
 class ProcessInfo;
 class UserDefaults;
@@ -24,6 +25,7 @@ struct MainWindowDependencies {
     ProcessInfo &processInfo;
     AudioFileRecorderFactory &recorderFactory;
     MailTransport &mailTransport;
+    MailConnection &mailConnection;
     AlertPresenter &alertPresenter;
     UserDefaults &userDefaults;
     ApplicationDelegate &delegate;

@@ -1,10 +1,10 @@
 // The quiet place of MainWindowController's window, its fonts, and the detail panel.
 
-#include "app/SettingsTable.h"
 #include "app/UserDefaults.h"
 #include "platform/FileAddress.h"
 #include "ui/Appearance.h"
 #include "ui/DetailPanel.h"
+#include "ui/MailStateView.h"
 #include "ui/MainWindowController.h"
 #include "ui/RecordingWarnings.h"
 #include "ui/Wording.h"
@@ -37,7 +37,6 @@ void MainWindowController::applyFonts()
     m_ui->timeField->setFont(sized(base, timePixels, QFont::Light));
     for (QWidget *small : std::initializer_list<QWidget *>{m_ui->noticeField, m_ui->inputNameField,
                                                            m_ui->recordingFactsField, m_ui->recordingFolderField,
-                                                           m_ui->mailAccountField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         small->setFont(sized(base, smallTextPixels, QFont::Normal));
     m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
@@ -47,7 +46,7 @@ void MainWindowController::applyFonts()
 void MainWindowController::applyColors()
 {
     for (QWidget *quiet : std::initializer_list<QWidget *>{m_ui->inputNameField, m_ui->recordingFactsField,
-                                                           m_ui->recordingFolderField, m_ui->mailAccountField,
+                                                           m_ui->recordingFolderField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         quiet->setPalette(subdued(m_window->palette()));
     timeField()->setPalette(m_window->palette());
@@ -70,14 +69,10 @@ void MainWindowController::connectNotices()
     connect(&mail, &MailTransport::mailApplicationUnreachable, this, [this](const Error &error) {
         m_notices.tell(NoticePlace::Subject::Mail, tr("The mail application cannot be reached"), error.description);
     });
-    connect(&mail, &MailTransport::mailApplicationAppeared, m_details.get(), &DetailPanel::showMailApplication);
-    connect(&mail, &MailTransport::mailApplicationVanished, m_details.get(),
-            [this] { m_details->showMailApplication({}); });
-    connect(&m_dependencies.userDefaults, &UserDefaults::valueChanged, this, [this](const QString &key) {
-        if (key == SettingsKeys::emailAccountToUse)
-            showAccount();
-    });
-    showAccount();
+    connect(m_ui->mailStateView, &MailStateView::installTold, this,
+            [this](const QString &words) { m_notices.tell(NoticePlace::Subject::Hint, words); });
+    QWidget::setTabOrder(m_ui->showInFolderButton, m_ui->mailStateView->focusProxy());
+    m_ui->mailStateView->watch(m_dependencies.mailConnection, m_dependencies.userDefaults);
     updateStatusNotice();
     showNotice();
 }
@@ -95,12 +90,6 @@ void MainWindowController::connectWarnings()
         if (!exists)
             m_warnings->forget();
     });
-}
-
-void MainWindowController::showAccount()
-{
-    const QString account = m_dependencies.userDefaults.objectForKey(SettingsKeys::emailAccountToUse).toString();
-    m_details->showAccount(account == noAccountChosen ? QString() : account);
 }
 
 void MainWindowController::mailBusyChanged()

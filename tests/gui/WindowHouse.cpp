@@ -56,6 +56,7 @@ void WindowHouse::open()
         .processInfo = processInfo,
         .recorderFactory = recorders,
         .mailTransport = otherMail ? *otherMail : mail,
+        .mailConnection = otherConnection ? *otherConnection : connection,
         .alertPresenter = alerts,
         .userDefaults = *settings,
         .delegate = otherDelegate ? *otherDelegate : delegate,

@@ -3,6 +3,7 @@
 #include "app/UserDefaults.h"
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeMailConnection.h"
 #include "fakes/FakeWorkspace.h"
 #include "fakes/RecordingAlertPresenter.h"
 #include "fakes/RecordingMailTransport.h"
@@ -83,6 +84,8 @@ struct WindowHouse {
     FakeAudioFileRecorderFactory recorders;
     RecordingMailTransport mail;
     MailTransport *otherMail = nullptr; ///< Used in place of `mail` when set.
+    FakeMailConnection connection;
+    MailConnection *otherConnection = nullptr; ///< Used in place of `connection` when set.
     RecordingAlertPresenter alerts;
     FakeDelegate delegate;
     PosixFolderContents folderContents;

@@ -41,6 +41,14 @@ struct Studio {
         house.controller->audioRecordingUpdateTimeWithTimer();
     }
 
+    void connectMail()
+    {
+        house.connection.setState({.kind = MailConnectionState::Kind::Connected,
+                                   .application = QStringLiteral("Thunderbird"),
+                                   .accounts = {QStringLiteral("anna@example.org")},
+                                   .version = {}});
+    }
+
     void takeSheet(const QString &name)
     {
         QTest::qWait(200);
@@ -80,7 +88,7 @@ struct Studio {
         house.settings->setBool(true, SettingsKeys::bWindowExpanded);
         house.openAndShow();
         house.controller->inputNameField()->setText(QStringLiteral("BM"));
-        Q_EMIT house.mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
+        connectMail();
         record();
         take(QStringLiteral("portrait"));
     }
@@ -101,9 +109,16 @@ struct Studio {
         take(QStringLiteral("paused"));
         house.controller->audioRecordingStop();
         take(QStringLiteral("stopped"));
-        Q_EMIT house.mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
+        connectMail();
         house.controller->windowToggleExpanded();
         take(QStringLiteral("stopped-expanded"));
+        house.connection.setState({.kind = MailConnectionState::Kind::AddOnMissing,
+                                   .application = QStringLiteral("Thunderbird"),
+                                   .accounts = {},
+                                   .version = {},
+                                   .canInstall = true,
+                                   .mustQuitFirst = true});
+        take(QStringLiteral("add-on-missing"));
         record();
         Q_EMIT house.recorders.last()->troubleOccurred(RecordingTrouble::MicrophoneLost, QStringLiteral("USB Microphone"));
         take(QStringLiteral("notice-expanded"));

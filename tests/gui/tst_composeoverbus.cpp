@@ -1,6 +1,8 @@
 #include "app/SettingsTable.h"
 #include "gui/WindowHouse.h"
+#include "platform/linux/mail/DBusMailConnection.h"
 #include "platform/linux/mail/DBusMailTransport.h"
+#include "ui/MailStateView.h"
 #include "support/FakeMail.h"
 #include "ui/controls/ControlButton.h"
 
@@ -57,10 +59,19 @@ private Q_SLOTS:
         m_mail.reset();
     }
 
-    void theMailApplicationIsNamedInTheWindow()
+    void theWindowSaysWhomItIsConnectedToAndAsWhom()
     {
-        auto *field = controller().window()->findChild<QLabel *>(QStringLiteral("mailStateField"));
-        QTRY_VERIFY2(field->text().endsWith(QStringLiteral(" is connected.")), qPrintable(field->text()));
+        DBusMailConnection connection(m_mail->services());
+        m_house->otherConnection = &connection;
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        m_house->openAndShow();
+        const auto *view = controller().window()->findChild<MailStateView *>();
+        QTRY_COMPARE(view->text(), QStringLiteral("Connected to Fake as Home."));
+        m_fake.stop();
+        QTRY_VERIFY2(!view->text().startsWith(QStringLiteral("Connected")), qPrintable(view->text()));
+        m_fake.start();
+        QTRY_COMPARE(view->text(), QStringLiteral("Connected to Fake as Home."));
+        m_house->controller.reset();
     }
 
     void bothBackEndsHandTheRecordingOver_data()

@@ -80,7 +80,7 @@ private Q_SLOTS:
                 order.append(next->accessibleName());
         }
         QCOMPARE(order, QString::fromLatin1("Pause,Stop,New Message,Reply,Reply All,Optional Message,Show Less,"
-                                            "Listen,Show in Folder,Preferences,Help")
+                                            "Listen,Show in Folder,Install Add-on,Preferences,Help")
                             .split(u','));
         const QList<ControlButton *> buttons = window().findChildren<ControlButton *>();
         for (const ControlButton *button : buttons)
@@ -227,16 +227,6 @@ private Q_SLOTS:
         m_house->recorders.last()->finish(false);
         QCOMPARE(m_house->find<ReadoutField>(QStringLiteral("Last Recording"))->text(), QStringLiteral("None yet"));
         QVERIFY(!m_house->isEnabled(QStringLiteral("Show in Folder")));
-    }
-
-    void theMailApplicationIsNamed()
-    {
-        m_house->open();
-        auto *field = window().findChild<QLabel *>(QStringLiteral("mailStateField"));
-        Q_EMIT m_house->mail.mailApplicationAppeared(QStringLiteral("Thunderbird"));
-        QCOMPARE(field->text(), QStringLiteral("Thunderbird is connected."));
-        Q_EMIT m_house->mail.mailApplicationVanished();
-        QVERIFY(field->text().startsWith(QStringLiteral("Not connected.")));
     }
 
     void choosingAPreparedMessageEnablesTheCommands()

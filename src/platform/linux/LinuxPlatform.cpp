@@ -7,6 +7,7 @@
 #include "platform/linux/desktop/PosixFolderContents.h"
 #include "platform/linux/desktop/SleepInhibitor.h"
 #include "platform/linux/desktop/SystemClock.h"
+#include "platform/linux/mail/DBusMailConnection.h"
 #include "platform/linux/mail/DBusMailTransport.h"
 #include "platform/linux/sound/PulseSound.h"
 
@@ -44,7 +45,9 @@ Platform makeLinuxPlatform()
     PulseSound sound = makePulseSound();
     platform.audioHardware = std::move(sound.audioHardware);
     platform.recorderFactory = std::move(sound.recorderFactory);
-    platform.mailTransport = std::make_unique<DBusMailTransport>();
+    auto mailTransport = std::make_unique<DBusMailTransport>();
+    platform.mailConnection = std::make_unique<DBusMailConnection>(mailTransport->services());
+    platform.mailTransport = std::move(mailTransport);
     platform.workspace = std::make_unique<LinuxWorkspace>(*platform.mailTransport);
     return platform;
 }

@@ -5,6 +5,7 @@
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeAudioHardware.h"
 #include "fakes/FakeClock.h"
+#include "fakes/FakeMailConnection.h"
 #include "fakes/FakeSleepHold.h"
 #include "fakes/FakeWorkspace.h"
 #include "fakes/RecordingAlertPresenter.h"
@@ -64,6 +65,7 @@ struct AppHouse {
         platform.audioHardware = std::make_unique<FakeAudioHardware>();
         platform.recorderFactory = std::make_unique<NotingRecorderFactory>();
         platform.mailTransport = std::make_unique<RecordingMailTransport>();
+        platform.mailConnection = std::make_unique<FakeMailConnection>();
         platform.workspace = std::make_unique<FakeWorkspace>();
         platform.sleepHold = std::make_unique<FakeSleepHold>();
         hardware().name = QStringLiteral("Built-in Microphone");

@@ -40,6 +40,9 @@ public:
     /// Begins to watch for mail applications and their focus.
     void watch();
 
+    /// What it knows of who serves.
+    MailServices &services() { return m_services; }
+
 private:
     MailReply carryOut(const MailCall &call);
     std::optional<QDBusMessage> delivered(const MailCall &call, const QVariantList &arguments, Error *error);
