@@ -3,9 +3,11 @@
 #include "mail/ASMailHost.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QJSEngine>
 #include <QLoggingCategory>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <chrono>
@@ -22,10 +24,15 @@ namespace {
 // After the first paint of the window.
 constexpr auto idleDelay = 400ms;
 
-QString &scriptOfAll()
+MailScript &scriptOfAll()
 {
-    static QString path;
-    return path;
+    static MailScript script;
+    return script;
+}
+
+QString dataHome()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
 }
 
 QJSValue numberObject(QJSEngine &engine, quint64 number)
@@ -37,19 +44,20 @@ QJSValue numberObject(QJSEngine &engine, quint64 number)
 
 void ASMail::loadScriptObjects()
 {
-    scriptOfAll() = mailScriptPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    scriptOfAll() = findMailScript(dataHome());
 }
 
 ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, QObject *parent)
-    : ASMail(transport, alertPresenter, scriptOfAll(), parent)
+    : ASMail(transport, alertPresenter, QString(), parent)
 {
+    m_script = scriptOfAll();
 }
 
 ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent)
     : QObject(parent)
     , m_alertPresenter(alertPresenter)
     , m_mailApp(transport)
-    , m_script(script)
+    , m_script{script, {}}
 {
     QTimer::singleShot(idleDelay, this, &ASMail::prepare);
 }
@@ -60,8 +68,8 @@ void ASMail::prepare()
 {
     if (m_engine)
         return;
-    if (m_script.isEmpty())
-        m_script = mailScriptPath(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation));
+    if (m_script.path.isEmpty())
+        m_script = findMailScript(dataHome());
     m_engine = std::make_unique<QJSEngine>();
     auto *host = new ASMailHost(m_alertPresenter, m_engine.get());
     QJSEngine::setObjectOwnership(&m_mailApp, QJSEngine::CppOwnership);
@@ -72,7 +80,19 @@ void ASMail::prepare()
     exports.setProperty(u"displayAlert"_s, hostObject.property(u"displayAlert"_s));
     exports.setProperty(u"log"_s, hostObject.property(u"log"_s));
     m_engine->registerModule(u"kest"_s, exports);
-    m_module = m_engine->importModule(m_script);
+    m_module = importScript();
+}
+
+// The engine reads modules from files only, so a text that was judged goes into one that is nobody else's.
+QJSValue ASMail::importScript()
+{
+    if (m_script.text.isEmpty())
+        return m_engine->importModule(m_script.path);
+    const QTemporaryDir folder;
+    QFile file(folder.filePath(u"ASMail.mjs"_s));
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly) && file.write(m_script.text) == m_script.text.size())
+        file.close();
+    return m_engine->importModule(file.fileName());
 }
 
 void ASMail::mailNewMessageWithSubject(const QString &subject, const QString &withBody,

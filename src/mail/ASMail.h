@@ -1,6 +1,7 @@
 #pragma once
 
 #include "mail/MailApplication.h"
+#include "mail/MailScript.h"
 #include "mail/ReplyFlags.h"
 #include "platform/AlertPresenter.h"
 
@@ -21,7 +22,8 @@ namespace kest {
 ///
 /// The script is `ASMail.mjs`, an ECMAScript module that exports the four
 /// operations by these names. The system's own is a resource; a person's own
-/// copy at XDG_DATA_HOME/kest/ASMail.mjs wins when nobody else can write to it.
+/// copy at XDG_DATA_HOME/kest/ASMail.mjs wins when nobody else can write to it;
+/// it is one file and imports nothing but "kest".
 /// The script shows its own alerts; what it throws is logged and shown in
 /// words, and the operation then yields its empty result.
 ///
@@ -69,20 +71,16 @@ public:
     void prepare();
 
 private:
+    QJSValue importScript();
     QJSValue run(const QString &operation, const QJSValueList &arguments);
     QJSValue arrayOrNull(const std::optional<QVariantList> &list);
     void tell(const QString &words, const QJSValue &exception);
 
     AlertPresenter &m_alertPresenter;
     MailApplication m_mailApp;
-    QString m_script;
+    MailScript m_script;
     std::unique_ptr<QJSEngine> m_engine;
     QJSValue m_module;
 };
-
-/// The script that ASMail uses: the person's own copy in `dataHome`/kest when
-/// it is a regular file that only the person (or root) can change, else the
-/// resource.
-QString mailScriptPath(const QString &dataHome);
 
 } // namespace kest

@@ -4,8 +4,6 @@
 #include <QJsonArray>
 #include <QtTest>
 
-#include <sys/stat.h>
-
 using kest::ASMail;
 using kest::FileURL;
 using kest::test::attachedBytes;
@@ -299,26 +297,6 @@ private Q_SLOTS:
                                "export function retrieveEmailAccounts() { return 'A' }\n");
         QVERIFY(mail->mailReplyGetSender().isNull());
         QVERIFY(!mail->retrieveEmailAccounts());
-    }
-
-    void onesOwnScriptWinsWhenNobodyElseCanChangeIt()
-    {
-        QTemporaryDir home;
-        const QString folder = home.path() + u"/kest"_s;
-        const QString script = folder + u"/ASMail.mjs"_s;
-        QCOMPARE(kest::mailScriptPath(home.path()), u":/ASMail.mjs"_s);
-        QVERIFY(QDir().mkdir(folder));
-        QVERIFY(QFile::copy(u":/ASMail.mjs"_s, script));
-        ::chmod(folder.toUtf8().constData(), 0755);
-        ::chmod(script.toUtf8().constData(), 0644);
-        QCOMPARE(kest::mailScriptPath(home.path()), script);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"others could change it"_s));
-        ::chmod(script.toUtf8().constData(), 0664);
-        QCOMPARE(kest::mailScriptPath(home.path()), u":/ASMail.mjs"_s);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(u"others could change it"_s));
-        ::chmod(script.toUtf8().constData(), 0644);
-        ::chmod(folder.toUtf8().constData(), 0777);
-        QCOMPARE(kest::mailScriptPath(home.path()), u":/ASMail.mjs"_s);
     }
 
 private:
