@@ -11,6 +11,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <ctime>
 
 namespace kest {
@@ -32,6 +33,24 @@ QByteArray toJson(const FileURL &file, quint64 inode, qint64 birthTime)
 bool writeAll(int file, const QByteArray &bytes)
 {
     return write(file, bytes.constData(), size_t(bytes.size())) == bytes.size();
+}
+
+/// The folder and its missing parents, open to nobody else: the entries say where the person's recordings lie.
+void makePrivateFolder(const QByteArray &path)
+{
+    const qsizetype slash = path.lastIndexOf('/');
+    if (mkdir(path.constData(), 0700) < 0 && errno == ENOENT && slash > 0) {
+        makePrivateFolder(path.left(slash));
+        mkdir(path.constData(), 0700);
+    }
+}
+
+/// Whether nobody but this person can have written it. What an entry names is rewritten, and removed when empty.
+bool isOurs(int file)
+{
+    struct stat status = {};
+    return fstat(file, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid()
+        && !(status.st_mode & (S_IWGRP | S_IWOTH));
 }
 
 void syncFolder(const QByteArray &path)
@@ -122,7 +141,8 @@ bool RecordingJournal::Entry::confirm(const RecordingFile &file)
 
 std::unique_ptr<RecordingJournal::Entry> RecordingJournal::announce(const FileURL &file) const
 {
-    QDir().mkpath(QFile::decodeName(m_folder));
+    makePrivateFolder(m_folder);
+    chmod(m_folder.constData(), 0700); // one that was made otherwise
     auto entry = std::make_unique<Entry>();
     entry->m_file = file;
     entry->m_path = m_folder + "/" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + ".json";
@@ -157,7 +177,9 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::take(const QByteArray
 {
     auto entry = std::make_unique<Entry>();
     entry->m_path = path;
-    entry->m_lock = Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW));
+    entry->m_lock = Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (!entry->m_lock.isValid() || !isOurs(entry->m_lock.get()))
+        return nullptr;
     if (!lock(entry->m_lock) || !isAt(entry->m_lock, path))
         return nullptr; // another process is at it
     QByteArray bytes(largestEntry, '\0');
