@@ -105,12 +105,14 @@ private Q_SLOTS:
         QTest::newRow("folder") << QByteArray("folder.m4a");
         QTest::newRow("pipe") << QByteArray("pipe.m4a");
         QTest::newRow("broken link") << QByteArray("link.m4a");
+        QTest::newRow("link to a file that nobody chose") << QByteArray("swapped.m4a");
     }
     void whatIsNoFileIsToldByNameAndNothingIsSent()
     {
         QFETCH(QByteArray, name);
         ::mkdir(m_files.at("folder.m4a").nativePath().constData(), 0700);
         ::mkfifo(m_files.at("pipe.m4a").nativePath().constData(), 0600);
+        std::ignore = ::symlink("/etc/passwd", m_files.at("swapped.m4a").nativePath().constData());
         std::ignore = ::symlink("nowhere", m_files.at("link.m4a").nativePath().constData());
         const MailReply reply = hand(m_files.at(name));
         QVERIFY(reply.error);

@@ -34,8 +34,10 @@ void registerNamedDescriptor()
 
 std::optional<QDBusUnixFileDescriptor> openedForHandOver(const FileURL &file, Error *error)
 {
-    // Not blocking, because the name may be a pipe's by now.
-    const int descriptor = ::open(file.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+    // Not blocking, because the name may be a pipe's by now; not following, because it may be a link's to a file that
+    // nobody chose.
+    const int descriptor =
+        ::open(file.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
     struct stat status = {};
     int problem = descriptor < 0 || ::fstat(descriptor, &status) != 0 ? errno : 0;
     if (problem == 0 && !S_ISREG(status.st_mode))
