@@ -1,6 +1,7 @@
 #include "platform/linux/desktop/SingleInstance.h"
 
 #include <QDBusConnection>
+#include <QDBusConnectionInterface>
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QElapsedTimer>
@@ -14,13 +15,17 @@ class TestSingleInstance : public QObject
 {
     Q_OBJECT
 
-    static QDBusMessage callActivate(const QVariantMap &data)
+    static QDBusMessage callTo(const QString &interface, const QString &member, const QVariantList &arguments)
     {
         auto call = QDBusMessage::createMethodCall(QStringLiteral("org.kest.Kest"), QStringLiteral("/org/kest/Kest"),
-                                                   QStringLiteral("org.freedesktop.Application"),
-                                                   QStringLiteral("Activate"));
-        call << data;
+                                                   interface, member);
+        call.setArguments(arguments);
         return call;
+    }
+
+    static QDBusMessage callActivate(const QVariantMap &data)
+    {
+        return callTo(QStringLiteral("org.freedesktop.Application"), QStringLiteral("Activate"), {data});
     }
 
 private Q_SLOTS:
@@ -59,6 +64,53 @@ private Q_SLOTS:
         QVERIFY2(!pending.isError(), qPrintable(pending.error().message()));
         QCOMPARE(activated.count(), 1);
         QDBusConnection::disconnectFromBus(QStringLiteral("second"));
+    }
+
+    void nothingBesideTheStandardInterfaceCanBeCalled_data()
+    {
+        QTest::addColumn<QString>("interface");
+        QTest::addColumn<QString>("member");
+        const QString ours = QStringLiteral("org.freedesktop.Application");
+        QTest::newRow("deleteLater") << ours << QStringLiteral("deleteLater");
+        QTest::newRow("serve") << ours << QStringLiteral("serve");
+        QTest::newRow("Record") << ours << QStringLiteral("Record");
+        QTest::newRow("any interface") << QString() << QStringLiteral("deleteLater");
+        QTest::newRow("class name") << QStringLiteral("local.kest.SingleInstance") << QStringLiteral("handOver");
+    }
+    void nothingBesideTheStandardInterfaceCanBeCalled()
+    {
+        QFETCH(QString, interface);
+        QFETCH(QString, member);
+        SingleInstance first;
+        first.serve();
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("stranger"));
+        const QDBusPendingCall pending = bus.asyncCall(callTo(interface, member, {}));
+        QTRY_VERIFY(pending.isFinished());
+        QVERIFY(pending.isError());
+        QVERIFY(QDBusConnection::sessionBus().interface()->isServiceRegistered(QStringLiteral("org.kest.Kest")));
+        QDBusConnection::disconnectFromBus(QStringLiteral("stranger"));
+    }
+
+    void filesAreNotOpenedAndActionsNotCarriedOut()
+    {
+        SingleInstance first;
+        QSignalSpy activated(&first, &SingleInstance::activated);
+        first.serve();
+        const QString ours = QStringLiteral("org.freedesktop.Application");
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("stranger"));
+        const QVariantList noParameters;
+        for (const char *action : {"record", "send", "new-message", ""}) {
+            const QDBusPendingCall pending = bus.asyncCall(
+                callTo(ours, QStringLiteral("ActivateAction"), {QString::fromLatin1(action), noParameters, QVariantMap()}));
+            QTRY_VERIFY(pending.isFinished());
+            QVERIFY2(!pending.isError(), qPrintable(pending.error().message()));
+        }
+        QCOMPARE(activated.count(), 0);
+        const QDBusPendingCall pending =
+            bus.asyncCall(callTo(ours, QStringLiteral("Open"), {QStringList{QStringLiteral("file:///etc/passwd")}, QVariantMap()}));
+        QTRY_VERIFY(pending.isFinished());
+        QCOMPARE(activated.count(), 1);
+        QDBusConnection::disconnectFromBus(QStringLiteral("stranger"));
     }
 
     void aFirstThatNeverAnswersIsWaitedForNoLongerThanTold()

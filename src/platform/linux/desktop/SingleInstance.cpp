@@ -94,9 +94,9 @@ void SingleInstance::Open(const QStringList &, const QVariantMap &platformData)
     Activate(platformData); // there is nothing that Kest opens
 }
 
-void SingleInstance::ActivateAction(const QString &, const QVariantList &, const QVariantMap &platformData)
+void SingleInstance::ActivateAction(const QString &, const QVariantList &, const QVariantMap &)
 {
-    Activate(platformData);
+    // Kest has no actions. One that began a recording or sent something would let any program on the bus do it.
 }
 
 } // namespace kest

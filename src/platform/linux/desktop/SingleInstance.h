@@ -38,7 +38,7 @@ public:
     void serve();
 
 public Q_SLOTS:
-    /// The interface.
+    /// The interface. Whoever is on the bus can do no more with it than show the window.
     Q_SCRIPTABLE void Activate(const QVariantMap &platformData);
     Q_SCRIPTABLE void Open(const QStringList &uris, const QVariantMap &platformData);
     Q_SCRIPTABLE void ActivateAction(const QString &name, const QVariantList &parameter,
