@@ -6,12 +6,14 @@
 
 #include <QTimer>
 
+#include <utility>
+
 namespace kest {
 
 using namespace Qt::StringLiterals;
 
 struct AddonLink::Pending {
-    QJsonObject message;
+    QJsonObject message; ///< Empty without files, and after it was sent.
     Answered answered;
     QTimer deadline;
     std::unique_ptr<FileHandOver> handOver; ///< Null without files, and after they have travelled.
@@ -41,10 +43,11 @@ QString AddonLink::mismatch() const
 void AddonLink::request(QJsonObject message, const QList<QDBusUnixFileDescriptor> &files, int deadline,
                         Answered answered)
 {
+    if (m_pending.size() >= mostPending || m_channel.pendingBytes() > mostUnsent)
+        return answered({{}, u"Failed"_s, u"%1 is busy with other requests."_s.arg(m_hello.applicationName)});
     const int serial = m_nextSerial++;
     message[u"call"_s] = serial;
     auto pending = std::make_shared<Pending>();
-    pending->message = std::move(message);
     pending->answered = std::move(answered);
     pending->deadline.setSingleShot(true);
     connect(&pending->deadline, &QTimer::timeout, this, [this, serial] {
@@ -53,9 +56,10 @@ void AddonLink::request(QJsonObject message, const QList<QDBusUnixFileDescriptor
     pending->deadline.start(deadline);
     m_pending.insert(serial, pending);
     if (files.isEmpty()) {
-        m_channel.send(pending->message);
+        m_channel.send(message);
         return;
     }
+    pending->message = std::move(message);
     pending->handOver = std::make_unique<FileHandOver>(m_channel, files, m_nextFile);
     m_nextFile += static_cast<int>(files.size());
     m_handOvers.enqueue(serial);
@@ -89,7 +93,7 @@ void AddonLink::handOverEnded(int serial, const QString &problem)
     pending->handOver.reset();
     m_handOvers.removeAll(serial);
     if (problem.isEmpty())
-        m_channel.send(pending->message);
+        m_channel.send(std::exchange(pending->message, {}));
     else
         answer(serial, {{}, u"InvalidArgument"_s, problem});
     if (!m_handOvers.isEmpty())

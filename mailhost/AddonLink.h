@@ -52,6 +52,11 @@ public:
     /// Sending may wait for a person who is asked something.
     static constexpr int sendDeadline = 115 * 1000;
 
+    /// Requests without an answer yet; one more fails at once.
+    static constexpr int mostPending = 32;
+    /// Bytes not yet taken by the add-on, beyond which a request fails at once.
+    static constexpr qsizetype mostUnsent = 8 * 1024 * 1024;
+
     explicit AddonLink(NativeChannel &channel, QObject *parent = nullptr);
     ~AddonLink() override;
 

@@ -114,6 +114,17 @@ private:
     int m_firstFile;
 };
 
+/// One path that is none would make the whole reply impossible to send.
+QVariant objectPaths(const QJsonArray &array, bool valid)
+{
+    QList<QDBusObjectPath> paths;
+    for (const QJsonValue &entry : array) {
+        paths += QDBusObjectPath(entry.toString());
+        valid = valid && !paths.last().path().isEmpty();
+    }
+    return valid ? QVariant::fromValue(paths) : QVariant();
+}
+
 template<typename Element, typename Make>
 QVariant list(const QJsonValue &value, Make make)
 {
@@ -150,7 +161,7 @@ QVariant fromJson(const QJsonValue &value, const QString &signature)
     if (signature == "as"_L1)
         return value.isArray() ? QVariant(value.toVariant().toStringList()) : QVariant();
     if (signature == "ao"_L1)
-        return list<QDBusObjectPath>(value, [](const QJsonValue &path) { return QDBusObjectPath(path.toString()); });
+        return objectPaths(value.toArray(), value.isArray());
     if (signature == "a(ss)"_L1)
         return list<Texts2>(value, [](const QJsonValue &pair) {
             return Texts2 {pair[0].toString(), pair[1].toString()};

@@ -14,6 +14,10 @@ struct ContractMember {
     QString inputSignature;
     QString outputSignature; ///< For a property its type.
     bool writable = false;   ///< Properties only.
+
+    /// A method that takes nothing and gives something: it asks, and changes
+    /// nothing.
+    bool onlyAsks() const { return inputSignature.isEmpty() && !outputSignature.isEmpty(); }
 };
 
 /// One interface: its short name ("Application") and its members.

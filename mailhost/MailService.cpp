@@ -5,6 +5,8 @@
 #include <QDBusMetaType>
 #include <QDBusVariant>
 
+#include <algorithm>
+
 namespace kest {
 
 using namespace Qt::StringLiterals;
@@ -12,6 +14,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr quint32 busProtocolVersion = 1;
+// The longest that Kest sends, a whole text file of 4 MiB, and what goes with it.
+constexpr qsizetype longestTexts = 4 * 1024 * 1024 + 64 * 1024;
+constexpr qsizetype mostFiles = 100;
 constexpr QLatin1StringView propertiesInterface {"org.freedesktop.DBus.Properties"};
 constexpr QLatin1StringView errorPrefix {"org.kest.Mail1.Error."};
 
@@ -19,6 +24,17 @@ int deadlineFor(const ContractMember &member)
 {
     const bool maySend = member.name == "Send"_L1 || member.name == "Reply"_L1;
     return maySend ? AddonLink::sendDeadline : AddonLink::ordinaryDeadline;
+}
+
+/// In UTF-16 code units, all texts of the request together.
+qsizetype lengthOf(const QVariantList &arguments)
+{
+    qsizetype length = 0;
+    for (const QVariant &argument : arguments) {
+        const bool isVariant = argument.metaType() == QMetaType::fromType<QDBusVariant>();
+        length += (isVariant ? argument.value<QDBusVariant>().variant() : argument).toString().size();
+    }
+    return length;
 }
 
 /// The D-Bus signature of what a variant from the bus holds.
@@ -40,6 +56,7 @@ MailService::MailService(Contract contract, AddonLink &addon, QDBusConnection bu
     : m_contract(std::move(contract))
     , m_addon(addon)
     , m_bus(std::move(bus))
+    , m_peer(m_bus)
 {
     registerBusTypes();
     connect(&addon, &AddonLink::focusChanged, this, &MailService::focusChanged);
@@ -67,6 +84,8 @@ bool MailService::handleMessage(const QDBusMessage &message, const QDBusConnecti
         return m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, u"There is no such method."_s));
     if (message.signature() != method->inputSignature)
         return fail(message, u"InvalidArgument"_s, u"%1 takes (%2)."_s.arg(method->name, method->inputSignature));
+    if (!method->onlyAsks() && !m_peer.is(message.service()))
+        return refuse(message);
     pass(message, {u"call"_s, *interface, message.arguments()}, *method, false);
     return true;
 }
@@ -85,12 +104,20 @@ bool MailService::handleProperties(const QDBusMessage &message, const ContractIn
         return fail(message, u"InvalidArgument"_s, u"%1 cannot be written."_s.arg(property->name));
     if (write && signatureOf(arguments.value(2)) != property->outputSignature)
         return fail(message, u"InvalidArgument"_s, u"%1 takes %2."_s.arg(property->name, property->outputSignature));
+    if (write && !m_peer.is(message.service()))
+        return refuse(message);
     if (const QVariant own = ownProperty(property->name); own.isValid()) {
         m_bus.send(message.createReply(QVariant::fromValue(QDBusVariant(own))));
         return true;
     }
     pass(message, {write ? u"set"_s : u"get"_s, interface, arguments.mid(2)}, *property, !write);
     return true;
+}
+
+bool MailService::refuse(const QDBusMessage &message)
+{
+    return m_bus.send(message.createErrorReply(
+        QDBusError::AccessDenied, u"Only Kest may do this, and the caller is not the Kest that runs."_s));
 }
 
 /// Only the application's properties are all known here; of the other objects each is asked for by itself.
@@ -122,29 +149,55 @@ QVariant MailService::ownProperty(const QString &name) const
     return {};
 }
 
-void MailService::pass(const QDBusMessage &message, const Request &request, const ContractMember &member,
-                       bool asVariant)
+void MailService::pass(QDBusMessage message, Request request, const ContractMember &member, bool asVariant)
 {
     if (const QString words = m_addon.mismatch(); !words.isEmpty()) {
         fail(message, u"Mismatch"_s, words);
         return;
     }
-    QList<QDBusUnixFileDescriptor> files;
-    const QJsonArray values = toJson(request.arguments, files, m_addon.fileBase());
-    QJsonValue arguments = values.first();
-    if (request.kind == "call"_L1) {
-        QJsonObject named;
-        for (qsizetype index = 0; index < values.size(); ++index)
-            named.insert(member.inputNames[index], values[index]);
-        arguments = named;
+    const qsizetype length = lengthOf(request.arguments);
+    if (length > longestTexts) {
+        fail(message, u"InvalidArgument"_s, u"The text is too long for a message."_s);
+        return;
     }
+    if (m_openTexts + length > longestTexts) {
+        fail(message, u"Failed"_s, u"%1 is busy with other requests."_s.arg(m_addon.hello().applicationName));
+        return;
+    }
+    message.setArguments({}); // what waits for an answer keeps no second copy
+    QList<QDBusUnixFileDescriptor> files;
+    const auto arguments = convert(message, request, member, files);
+    if (!arguments)
+        return;
     const QJsonObject out {{u"path"_s, message.path()}, {u"interface"_s, request.interface.name},
-                           {u"kind"_s, request.kind}, {u"member"_s, member.name}, {u"arguments"_s, arguments}};
+                           {u"kind"_s, request.kind}, {u"member"_s, member.name}, {u"arguments"_s, *arguments}};
     const QString signature = request.kind == "set"_L1 ? QString() : member.outputSignature;
+    m_openTexts += length;
     m_addon.request(out, files, deadlineFor(member),
-                    [this, message, signature, asVariant](const AddonAnswer &answer) {
+                    [this, message, signature, asVariant, length](const AddonAnswer &answer) {
+                        m_openTexts -= length;
                         reply(message, answer, signature, asVariant);
                     });
+}
+
+/// One argument after the other, each given up when it is converted: texts are long, and memory is counted. Nothing
+/// when there are too many files; then the caller has been told.
+std::optional<QJsonValue> MailService::convert(const QDBusMessage &message, Request &request,
+                                               const ContractMember &member, QList<QDBusUnixFileDescriptor> &files)
+{
+    QJsonObject named;
+    QJsonValue only(QJsonValue::Undefined);
+    for (qsizetype index = 0; !request.arguments.isEmpty(); ++index) {
+        const QJsonValue value = toJson({request.arguments.takeFirst()}, files, m_addon.fileBase()).first();
+        if (request.kind == "call"_L1)
+            named.insert(member.inputNames[index], value);
+        else
+            only = value;
+    }
+    if (files.size() <= mostFiles)
+        return request.kind == "call"_L1 ? QJsonValue(named) : only;
+    fail(message, u"InvalidArgument"_s, u"A message takes at most %1 files at once."_s.arg(mostFiles));
+    return std::nullopt;
 }
 
 void MailService::reply(const QDBusMessage &message, const AddonAnswer &answer, const QString &signature,
@@ -168,7 +221,9 @@ void MailService::reply(const QDBusMessage &message, const AddonAnswer &answer, 
 
 bool MailService::fail(const QDBusMessage &message, const QString &name, const QString &words)
 {
-    m_bus.send(message.createErrorReply(errorPrefix + name, words));
+    // An error with an impossible name could not be sent, and the caller would wait in vain.
+    const bool isWord = std::ranges::all_of(name, [](QChar unit) { return unit.isLetter() && unit.unicode() < 0x80; });
+    m_bus.send(message.createErrorReply(errorPrefix + (isWord && !name.isEmpty() ? name : u"Failed"_s), words));
     return true;
 }
 

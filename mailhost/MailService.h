@@ -1,10 +1,15 @@
 #pragma once
 
 #include "Contract.h"
+#include "Peer.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusUnixFileDescriptor>
 #include <QDBusVirtualObject>
+#include <QJsonValue>
+
+#include <optional>
 
 namespace kest {
 
@@ -14,6 +19,7 @@ struct AddonAnswer;
 /// Serves org.kest.Mail1 on the session bus: checks every call against the
 /// contract, passes it to the add-on, and answers when the add-on does. Never
 /// waits. Knows no verb by name, save for the application's own properties.
+/// Anybody on the bus may ask; only Kest (see Peer) may have something done.
 class MailService : public QDBusVirtualObject
 {
     Q_OBJECT
@@ -32,9 +38,12 @@ private:
     struct Request;
 
     bool handleProperties(const QDBusMessage &message, const ContractInterface &interface);
+    bool refuse(const QDBusMessage &message);
     bool readAll(const QDBusMessage &message, const ContractInterface &interface);
     QVariant ownProperty(const QString &name) const;
-    void pass(const QDBusMessage &message, const Request &request, const ContractMember &member, bool asVariant);
+    void pass(QDBusMessage message, Request request, const ContractMember &member, bool asVariant);
+    std::optional<QJsonValue> convert(const QDBusMessage &message, Request &request, const ContractMember &member,
+                                      QList<QDBusUnixFileDescriptor> &files);
     void reply(const QDBusMessage &message, const AddonAnswer &answer, const QString &signature, bool asVariant);
     bool fail(const QDBusMessage &message, const QString &name, const QString &words);
     void broadcast(const QString &signal, const QVariantList &arguments);
@@ -42,6 +51,8 @@ private:
     Contract m_contract;
     AddonLink &m_addon;
     QDBusConnection m_bus;
+    Peer m_peer;
+    qsizetype m_openTexts = 0; ///< UTF-16 code units in requests without an answer: the bus library keeps them.
 };
 
 } // namespace kest

@@ -15,8 +15,7 @@ namespace kest {
 
 namespace {
 
-constexpr qsizetype lengthSize = sizeof(quint32);
-constexpr qsizetype readStep = 64 * 1024;
+constexpr size_t readStep = 64 * 1024;
 // A multiple of three, so that the pieces' base64 joined is the whole's.
 constexpr qsizetype pieceSize = 750000;
 
@@ -24,6 +23,21 @@ void makeNonBlocking(int descriptor)
 {
     fcntl(descriptor, F_SETFL, fcntl(descriptor, F_GETFL) | O_NONBLOCK);
     fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+}
+
+QByteArray framed(const QByteArray &json)
+{
+    const auto length = static_cast<quint32>(json.size());
+    QByteArray frame(sizeof length, Qt::Uninitialized);
+    std::memcpy(frame.data(), &length, sizeof length);
+    return frame.append(json);
+}
+
+QByteArray pieceOf(const QByteArray &message, qsizetype start)
+{
+    const QJsonObject piece {{QStringLiteral("piece"), QString::fromLatin1(message.mid(start, pieceSize).toBase64())},
+                             {QStringLiteral("last"), start + pieceSize >= message.size()}};
+    return QJsonDocument(piece).toJson(QJsonDocument::Compact);
 }
 
 } // namespace
@@ -65,94 +79,81 @@ std::unique_ptr<NativeChannel> NativeChannel::overStandardStreams()
 
 void NativeChannel::send(const QJsonObject &message)
 {
-    const QByteArray json = QJsonDocument(message).toJson(QJsonDocument::Compact);
-    if (json.size() <= outgoingLimit - 1024) {
-        queueFrame(json);
-        return;
-    }
-    for (qsizetype start = 0; start < json.size(); start += pieceSize) {
-        const QString piece = QString::fromLatin1(json.mid(start, pieceSize).toBase64());
-        const QJsonObject part {{QStringLiteral("piece"), piece},
-                                {QStringLiteral("last"), start + pieceSize >= json.size()}};
-        queueFrame(QJsonDocument(part).toJson(QJsonDocument::Compact));
-    }
-}
-
-void NativeChannel::queueFrame(const QByteArray &json)
-{
     if (m_closed)
         return;
-    const auto length = static_cast<quint32>(json.size());
-    QByteArray frame(lengthSize, Qt::Uninitialized);
-    std::memcpy(frame.data(), &length, sizeof length);
-    frame.append(json);
-    m_pendingBytes += frame.size();
-    m_outgoing.append(std::move(frame));
+    m_outgoing.append(QJsonDocument(message).toJson(QJsonDocument::Compact));
+    m_pendingBytes += m_outgoing.constLast().size();
     m_writeNotifier->setEnabled(true);
 }
 
 void NativeChannel::writeReady()
 {
-    while (!m_outgoing.isEmpty()) {
-        const QByteArray &frame = m_outgoing.constFirst();
-        const ssize_t count = ::write(m_writeDescriptor, frame.constData() + m_written,
-                                      static_cast<size_t>(frame.size() - m_written));
+    while (m_written < m_frame.size() || beginFrame()) {
+        const ssize_t count = ::write(m_writeDescriptor, m_frame.constData() + m_written,
+                                      static_cast<size_t>(m_frame.size() - m_written));
         if (count < 0 && (errno == EAGAIN || errno == EINTR))
             return;
         if (count < 0)
             return close(QStringLiteral("The mail application no longer listens."));
         m_written += count;
-        m_pendingBytes -= count;
-        if (m_written < frame.size())
+        if (m_written < m_frame.size())
             return;
-        m_outgoing.removeFirst();
-        m_written = 0;
     }
     m_writeNotifier->setEnabled(false);
 }
 
+/// Cut up only now, so that a long message is not in memory twice. False when nothing is left to write.
+bool NativeChannel::beginFrame()
+{
+    m_frame = {};
+    m_written = 0;
+    if (m_outgoing.isEmpty())
+        return false;
+    const QByteArray &message = m_outgoing.constFirst();
+    const bool fits = message.size() <= outgoingLimit - 1024;
+    m_frame = framed(fits ? message : pieceOf(message, m_nextPiece));
+    m_nextPiece += pieceSize;
+    if (fits || m_nextPiece >= message.size()) {
+        m_pendingBytes -= message.size();
+        m_nextPiece = 0;
+        m_outgoing.removeFirst();
+    }
+    return true;
+}
+
 void NativeChannel::readReady()
 {
-    const qsizetype before = m_incoming.size();
-    m_incoming.resize(before + readStep);
-    const ssize_t count = ::read(m_readDescriptor, m_incoming.data() + before, readStep);
-    const int error = errno;
-    m_incoming.resize(before + qMax<qsizetype>(count, 0));
-    if (count > 0)
-        return takeFrames();
-    if (count < 0 && (error == EAGAIN || error == EINTR))
+    char bytes[readStep];
+    const ssize_t count = ::read(m_readDescriptor, bytes, sizeof bytes);
+    if (count > 0) {
+        m_incoming.append({bytes, count});
+        return takeMessages();
+    }
+    if (count < 0 && (errno == EAGAIN || errno == EINTR))
         return;
-    const bool whole = m_incoming.isEmpty();
-    close(whole ? QStringLiteral("The mail application has closed the connection.")
-                : QStringLiteral("The mail application has closed the connection in the middle of a message."));
+    close(m_incoming.isAtBoundary()
+              ? QStringLiteral("The mail application has closed the connection.")
+              : QStringLiteral("The mail application has closed the connection in the middle of a message."));
 }
 
-void NativeChannel::takeFrames()
+void NativeChannel::takeMessages()
 {
-    qsizetype start = 0;
-    while (!m_closed && m_incoming.size() - start >= lengthSize) {
-        quint32 length = 0;
-        std::memcpy(&length, m_incoming.constData() + start, sizeof length);
-        if (length > incomingLimit)
-            return close(QStringLiteral("The mail application announced a message of %1 bytes.").arg(length));
-        if (m_incoming.size() - start - lengthSize < length)
-            break;
-        takeFrame(QByteArray::fromRawData(m_incoming.constData() + start + lengthSize, length));
-        start += lengthSize + length;
+    while (const auto message = m_incoming.next()) {
+        takeMessage(*message);
+        if (m_closed)
+            return;
     }
-    m_incoming.remove(0, start);
+    if (const auto length = m_incoming.impossibleLength())
+        close(QStringLiteral("The mail application announced a message of %1 bytes.").arg(*length));
 }
 
-void NativeChannel::takeFrame(const QByteArray &frame)
+void NativeChannel::takeMessage(const QByteArray &message)
 {
-    QJsonParseError problem;
-    const QJsonDocument document = QJsonDocument::fromJson(frame, &problem);
-    if (!document.isObject()) {
-        // The framing is still sound, so one senseless message does not end the connection.
-        qCWarning(hostLog) << "passed over a message that is no JSON object:" << problem.errorString();
-        return;
-    }
-    Q_EMIT received(document.object());
+    QString problem;
+    if (const auto object = jsonObjectOf(message, &problem))
+        Q_EMIT received(*object);
+    else // The framing is still sound, so one senseless message does not end the connection.
+        qCWarning(hostLog).noquote() << "passed over a message that is no JSON object:" << problem;
 }
 
 void NativeChannel::close(const QString &reason)
@@ -163,6 +164,7 @@ void NativeChannel::close(const QString &reason)
     m_readNotifier->setEnabled(false);
     m_writeNotifier->setEnabled(false);
     m_outgoing.clear();
+    m_frame.clear();
     m_pendingBytes = 0;
     Q_EMIT closed(reason);
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "FrameReader.h"
+
 #include <QByteArray>
 #include <QJsonObject>
 #include <QList>
@@ -21,9 +23,8 @@ class NativeChannel : public QObject
     Q_OBJECT
 
 public:
-    /// The longest message taken, in bytes. A longer one ends the connection,
-    /// because nothing after it can be read with certainty.
-    static constexpr quint32 incomingLimit = 16 * 1024 * 1024;
+    /// The longest message taken, in bytes. A longer one ends the connection.
+    static constexpr quint32 incomingLimit = FrameReader::lengthLimit;
     /// A browser takes at most 1 MiB at once; longer messages go out in pieces.
     static constexpr qsizetype outgoingLimit = 1024 * 1024;
 
@@ -38,7 +39,7 @@ public:
     /// Queues a message; it is written as fast as the other side reads.
     void send(const QJsonObject &message);
 
-    /// Bytes queued and not yet written.
+    /// Bytes of JSON queued, of which nothing or not all is written.
     qsizetype pendingBytes() const { return m_pendingBytes; }
 
 Q_SIGNALS:
@@ -53,19 +54,21 @@ private Q_SLOTS:
     void writeReady();
 
 private:
-    void takeFrames();
-    void takeFrame(const QByteArray &frame);
-    void queueFrame(const QByteArray &json);
+    void takeMessages();
+    void takeMessage(const QByteArray &message);
+    bool beginFrame();
     void close(const QString &reason);
 
     int m_readDescriptor;
     int m_writeDescriptor;
     std::unique_ptr<QSocketNotifier> m_readNotifier;
     std::unique_ptr<QSocketNotifier> m_writeNotifier;
-    QByteArray m_incoming;
-    QList<QByteArray> m_outgoing;
-    qsizetype m_written = 0; ///< Of the first frame in m_outgoing.
-    qsizetype m_pendingBytes = 0;
+    FrameReader m_incoming;
+    QList<QByteArray> m_outgoing;   ///< JSON, each message whole.
+    qsizetype m_pendingBytes = 0;   ///< All of m_outgoing.
+    qsizetype m_nextPiece = 0;      ///< Where in the first message the next frame begins.
+    QByteArray m_frame;             ///< Being written.
+    qsizetype m_written = 0;        ///< Of m_frame.
     bool m_closed = false;
 };
 

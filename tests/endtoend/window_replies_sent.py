@@ -64,7 +64,6 @@ class RepliesSentAtOnce(ReplyCase):
                 self.assertTrue(self.lies_in("", subject))
 
     def test_a_reply_is_made_while_thunderbird_shows_a_question(self):
-        self.start_kest("script")
         self.select("to show")
         waiting = self.bus.new_message("Unsent", "text")
         self.bus.call("AddRecipient", "to", "", "carl@example.test", path=waiting)
@@ -72,10 +71,12 @@ class RepliesSentAtOnce(ReplyCase):
         self.thunderbird.press("Write: Unsent", "ctrl+Return")
         self.thunderbird.wait_window("Send Message Error", LONG)
         self.mail.start_smtp()
+        self.start_kest("script")
         self.answer()
         mail = self.send_from("Re: to show")
         self.check_answer(mail, "to show", "Shown")
         self.thunderbird.press("Send Message Error", "Return")
+        self.close_kest()
         self.bus.call("Delete", path=waiting)
 
 

@@ -2,6 +2,7 @@
 #include "platform/linux/mail/MailErrors.h"
 #include "support/FakeMail.h"
 
+#include <QDBusConnectionInterface>
 #include <QtTest>
 
 using namespace kest;
@@ -217,6 +218,42 @@ private Q_SLOTS:
         m_fake.emitFocus(false);
         QTRY_COMPARE(lost.size(), 1);
         QCOMPARE(gained.size(), 1);
+    }
+
+    void signalsOfAnybodyElseAreIgnored()
+    {
+        QSignalSpy appeared(m_transport.get(), &MailTransport::mailApplicationAppeared);
+        QSignalSpy gained(m_transport.get(), &MailTransport::mailApplicationFocusGained);
+        QSignalSpy progress(m_transport.get(), &MailTransport::handOverProgressed);
+        QTRY_COMPARE(appeared.size(), 1);
+        auto stranger = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"stranger"_s);
+        const QString kest = stranger.interface()->serviceOwner(u"org.kest.Kest.Mail"_s);
+        QVERIFY(!kest.isEmpty());
+        for (const QString &receiver : {QString(), kest}) {
+            for (const auto &[name, values] : {std::pair{u"FocusGained"_s, QVariantList()},
+                                              std::pair{u"HandOverProgressed"_s, QVariantList{quint64(1), quint64(2)}}}) {
+                auto signal = receiver.isEmpty()
+                    ? QDBusMessage::createSignal(rootPath, applicationInterface, name)
+                    : QDBusMessage::createTargetedSignal(receiver, rootPath, applicationInterface, name);
+                signal.setArguments(values);
+                QVERIFY(stranger.send(signal));
+            }
+        }
+        QVERIFY(stranger.interface()->registeredServiceNames().isValid()); // the bus has passed them on
+        QDBusConnection::disconnectFromBus(u"stranger"_s);
+        m_fake.emitFocus(true);
+        QTRY_COMPARE(gained.size(), 1);
+        QCOMPARE(progress.size(), 0);
+    }
+
+    void itsOwnNameIsItsOwn()
+    {
+        QTRY_VERIFY(test::isOnBus(u"org.kest.Kest.Mail"_s));
+        auto stranger = QDBusConnection::connectToBus(QDBusConnection::SessionBus, u"stranger"_s);
+        QVERIFY(!stranger.registerService(u"org.kest.Kest.Mail"_s));
+        QDBusConnection::disconnectFromBus(u"stranger"_s);
+        m_transport.reset();
+        QTRY_VERIFY(!test::isOnBus(u"org.kest.Kest.Mail"_s));
     }
 
 private:

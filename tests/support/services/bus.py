@@ -18,6 +18,8 @@ CONFIG = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus Configurat
     <allow own="*"/>
   </policy>
   <limit name="max_message_unix_fds">256</limit>
+  <limit name="max_incoming_unix_fds">1024</limit>
+  <limit name="max_outgoing_unix_fds">1024</limit>
 </busconfig>
 """
 

@@ -15,16 +15,28 @@ PROPERTIES = "org.freedesktop.DBus.Properties"
 
 END = 2 ** 64 - 1
 
+# Kest's own name: requests that do something are taken only from the one that owns it.
+KEST_NAME = "org.kest.Kest.Mail"
+
 
 class MailBus:
-    """Calls by object path; a path that comes back is a plain string. Failures are dbus.DBusException."""
+    """Calls by object path; a path that comes back is a plain string. Failures are dbus.DBusException.
 
-    def __init__(self, address, name=BUS_NAME):
+    Stands in Kest's place for as long as no Kest runs; one that starts takes the place over. A `stranger` never does.
+    """
+
+    def __init__(self, address, name=BUS_NAME, stranger=False):
         self.name = name
+        self.stranger = stranger
         self.connection = dbus.bus.BusConnection(address, mainloop=dbus.mainloop.glib.DBusGMainLoop())
         self.signals = []
         self.connection.add_signal_receiver(
             self._signalled, dbus_interface=PREFIX + "Application", member_keyword="member")
+
+    def stand_in(self):
+        if not self.stranger:
+            self.connection.request_name(KEST_NAME, dbus.bus.NAME_FLAG_ALLOW_REPLACEMENT
+                                         | dbus.bus.NAME_FLAG_REPLACE_EXISTING | dbus.bus.NAME_FLAG_DO_NOT_QUEUE)
 
     def _signalled(self, *arguments, member):
         self.signals.append((member, *[int(argument) for argument in arguments]))
@@ -52,6 +64,7 @@ class MailBus:
         return PREFIX + ("OutgoingMessage" if path.startswith(ROOT + "/outgoing/") else "Application")
 
     def call(self, member, *arguments, path=ROOT, signature=None, seconds=60):
+        self.stand_in()
         return self.connection.call_blocking(self.name, path, self.interface_of(path), member, signature, arguments,
                                              timeout=seconds)
 
@@ -59,6 +72,7 @@ class MailBus:
         return self.connection.call_blocking(self.name, path, PROPERTIES, "Get", "ss", (self.interface_of(path), name))
 
     def set(self, path, name, value):
+        self.stand_in()
         self.connection.call_blocking(self.name, path, PROPERTIES, "Set", "ssv", (self.interface_of(path), name, value))
 
     # Shorthands

@@ -16,6 +16,7 @@ namespace {
 
 const QString connectionName = QStringLiteral("kest-mail");
 const QString servicePrefix = QStringLiteral("org.kest.Mail1.");
+const QString ownName = QStringLiteral("org.kest.Kest.Mail");
 const QString objectPath = QStringLiteral("/org/kest/Mail1");
 const QString interfaceName = QStringLiteral("org.kest.Mail1.Application");
 
@@ -46,8 +47,20 @@ bool MailServices::connectToBus()
         return false;
     m_watcher = std::make_unique<QDBusServiceWatcher>(u"org.kest.Mail1*"_s, m_bus);
     connect(m_watcher.get(), &QDBusServiceWatcher::serviceOwnerChanged, this, &MailServices::updateOwner);
+    takeOwnName();
     learnNames();
     return true;
+}
+
+/// Mail applications may take requests from the owner of this name alone. Whoever has it and does not let go is
+/// waited for. Every later message of this connection comes after it, so there is no answer to wait for.
+void MailServices::takeOwnName()
+{
+    constexpr uint replaceExisting = 2; // D-Bus Specification, RequestName
+    auto call = QDBusMessage::createMethodCall(u"org.freedesktop.DBus"_s, u"/org/freedesktop/DBus"_s,
+                                               u"org.freedesktop.DBus"_s, u"RequestName"_s);
+    call << ownName << replaceExisting;
+    m_bus.asyncCall(call);
 }
 
 void MailServices::learnNames()

@@ -49,6 +49,7 @@ private Q_SLOTS:
     void passOnProgress(quint64 done, quint64 total);
 
 private:
+    void takeOwnName();
     void learnNames();
     void updateOwner(const QString &service, const QString &oldOwner, const QString &newOwner);
     void choosePreferred();
