@@ -1,6 +1,6 @@
 #include "platform/linux/desktop/LinuxBookmarkStore.h"
 
-#include <QDataStream>
+#include "platform/linux/desktop/FolderBookmark.h"
 
 #include <cerrno>
 #include <cstdlib>
@@ -13,37 +13,6 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto longestWait = 900ms; // the search, and what the system may need besides
-const QByteArray magic = QByteArrayLiteral("KBM1");
-
-struct Bookmark {
-    QByteArray path;
-    QByteArray realPath; // without symbolic links
-    FolderIdentity identity;
-
-    QByteArray toBytes() const
-    {
-        QByteArray bytes;
-        QDataStream out(&bytes, QDataStream::WriteOnly);
-        out.setVersion(QDataStream::Qt_6_0);
-        out << magic << path << realPath << identity.device << identity.inode << identity.birthSeconds
-            << identity.birthNanoseconds << identity.hasBirth;
-        return bytes;
-    }
-
-    static std::optional<Bookmark> fromBytes(const QByteArray &bytes)
-    {
-        QDataStream in(bytes);
-        in.setVersion(QDataStream::Qt_6_0);
-        QByteArray begin;
-        Bookmark bookmark;
-        FolderIdentity &identity = bookmark.identity;
-        in >> begin >> bookmark.path >> bookmark.realPath >> identity.device >> identity.inode >> identity.birthSeconds
-            >> identity.birthNanoseconds >> identity.hasBirth;
-        if (in.status() != QDataStream::Ok || begin != magic || !bookmark.path.startsWith('/'))
-            return {};
-        return bookmark;
-    }
-};
 
 template<typename Value> using Outcome = BoundedLookUps::Outcome<Value>;
 
@@ -52,7 +21,7 @@ QByteArray parentOf(const QByteArray &path)
     return FileURL::fromNativePath(path).deletingLastPathComponent().nativePath();
 }
 
-QList<QByteArray> rootsNear(const Bookmark &bookmark, const QByteArray &home)
+QList<QByteArray> rootsNear(const FolderBookmark &bookmark, const QByteArray &home)
 {
     QList<QByteArray> roots;
     const auto add = [&roots](const QByteArray &root) {
@@ -73,10 +42,10 @@ Outcome<QByteArray> makeBookmark(const QByteArray &path)
     if (!identity)
         return { {}, errno };
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
-    return { Bookmark { path, real ? QByteArray(real.get()) : path, *identity }.toBytes() };
+    return { FolderBookmark { path, real ? QByteArray(real.get()) : path, *identity }.toBytes() };
 }
 
-Outcome<BookmarkStore::Resolved> resolve(const Bookmark &bookmark, const QByteArray &home, const SearchBounds &bounds)
+Outcome<BookmarkStore::Resolved> resolve(const FolderBookmark &bookmark, const QByteArray &home, const SearchBounds &bounds)
 {
     const FolderURL old = FolderURL::fromNativePath(bookmark.path);
     const auto there = FolderIdentity::ofFolder(bookmark.path);
@@ -107,7 +76,7 @@ std::optional<QByteArray> LinuxBookmarkStore::bookmarkData(const FolderURL &fold
 
 std::optional<BookmarkStore::Resolved> LinuxBookmarkStore::resolveBookmarkData(const QByteArray &data, Error *error)
 {
-    const auto bookmark = Bookmark::fromBytes(data);
+    const auto bookmark = FolderBookmark::fromBytes(data);
     if (!bookmark) {
         handBack(error, posixError(EINVAL, QStringLiteral("bookmark")));
         return {};
