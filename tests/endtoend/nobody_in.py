@@ -1,0 +1,89 @@
+#!/usr/bin/python3
+"""The running program, and everybody else: what the bus cannot make it do, and what its logs do not say."""
+
+import os
+import sys
+import unittest
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parents[1] / "support"))
+
+from kest_program import KestProgram  # noqa: E402
+from services.base import Sandbox, wait_until  # noqa: E402
+from services.bus import AccessibilityBus, SessionBus  # noqa: E402
+from services.display import Display  # noqa: E402
+from services.mailbus import MailBus, error_of  # noqa: E402
+from services.mailserver import MailServer  # noqa: E402
+from services.operator import Operator  # noqa: E402
+from services.sound import SoundServer  # noqa: E402
+from services.thunderbird import Thunderbird  # noqa: E402
+
+import dbus  # noqa: E402
+
+BUILD = Path(os.environ["KEST_BUILD_DIR"])
+MARKER = "Zaubernuss"
+DESKTOP = "org.freedesktop.Application"
+
+
+class NobodyIn(unittest.TestCase):
+
+    @classmethod
+    def setUpClass(cls):
+        cls.sandbox = Sandbox()
+        cls.addClassCleanup(cls.sandbox.close)
+        SessionBus(cls.sandbox)
+        cls.display = Display(cls.sandbox)
+        AccessibilityBus(cls.sandbox)
+        cls.sound = SoundServer(cls.sandbox, "pulseaudio")
+        cls.addClassCleanup(cls.sound.close)
+        cls.mail_server = MailServer(cls.sandbox)
+        cls.thunderbird = Thunderbird(cls.sandbox, cls.mail_server)
+        cls.thunderbird.start()
+        cls.addClassCleanup(cls.thunderbird.stop)
+        cls.person = Operator(cls.sandbox)
+        cls.kest = KestProgram(cls.sandbox, cls.person, BUILD)
+        cls.kest.write_setting("tNewMessageSubject", f'"{MARKER} subject"')
+        cls.kest.write_setting("tNewMessageBody", f'"{MARKER} body"')
+        folder = cls.sandbox.home / "Music" / "Kest Optional Outgoing Messages"
+        folder.mkdir(parents=True)
+        (folder / f"{MARKER} name.txt").write_text(f"{MARKER} text")
+        cls.kest.start()
+        cls.stranger = MailBus(cls.sandbox.env["DBUS_SESSION_BUS_ADDRESS"], stranger=True)
+
+    def desktop(self, member, signature, *arguments):
+        return self.stranger.connection.call_blocking("org.kest.Kest", "/org/kest/Kest", DESKTOP, member, signature,
+                                                      arguments, timeout=30)
+
+    def test_calls_on_the_bus_neither_record_nor_send(self):
+        for action in ("record", "Record", "send", "quit"):
+            self.desktop("ActivateAction", "sava{sv}", action, [], {})
+        self.desktop("Open", "asa{sv}", ["file:///etc/passwd"], {})
+        self.desktop("Activate", "a{sv}", {})
+        self.assertEqual(self.kest.time_text(), "--:--")
+        self.assertEqual(self.kest.recordings(), [])
+        self.assertEqual(list(self.mail_server.outbox.glob("*.eml")), [])
+
+    def test_while_kest_runs_nobody_else_has_a_message_made(self):
+        for bus in (self.stranger, MailBus(self.sandbox.env["DBUS_SESSION_BUS_ADDRESS"])):
+            with self.assertRaises(dbus.DBusException) as caught:
+                bus.new_message("Not wanted")
+            self.assertEqual(error_of(caught.exception)[0], "AccessDenied")
+        self.assertEqual(self.thunderbird.windows("Write: "), [])
+
+    def test_the_logs_of_all_three_say_nothing_of_what_was_written(self):
+        self.kest.click("Record")
+        wait_until(lambda: self.kest.time_text() != "--:--", "the recording to begin")
+        self.kest.click("Stop")
+        recording = wait_until(self.kest.only_recording, "the recording")
+        self.kest.click("New Message")
+        self.thunderbird.wait_window(f"Write: {MARKER} subject", 60)
+        self.kest.wait_until_idle(60)
+        for name in ("kest", "thunderbird"):
+            log = self.sandbox.log(name)
+            self.assertNotIn(MARKER, log)
+            self.assertNotIn(recording.name, log)
+            self.assertNotIn("anna@example.test", log)
+
+
+if __name__ == "__main__":
+    unittest.main()
