@@ -113,8 +113,9 @@ int refusal(int descriptor)
 
 BoundedLookUps::Outcome<QByteArray> contentsOf(const QByteArray &path)
 {
-    // Not blocking, because the name may be a pipe's or a device's.
-    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+    // Not blocking, because the name may be a pipe's or a device's; not following, because it may be a link's by now, to
+    // a file that nobody chose.
+    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
     if (const int reason = refusal(file.number))
         return {{}, reason};
     QByteArray bytes;
