@@ -58,6 +58,38 @@ private Q_SLOTS:
         verifyNotFound(data, ENOENT);
     }
 
+    void anotherPersonsFolderTakesNoFoldersPlace()
+    {
+        const QByteArray data = bookmarkOf("Music/Kest");
+        make("Music/Other"); // while the first is there, so that it gets another inode
+        giveAway("Music/Other");
+        QCOMPARE(::rmdir(path("Music/Kest").constData()), 0);
+        move("Music/Other", "Music/Kest");
+        verifyNotFound(data, EPERM);
+    }
+
+    void anotherPersonsLinkTakesNoFoldersPlace_data()
+    {
+        QTest::addColumn<QByteArray>("link");
+        QTest::addColumn<QByteArray>("target");
+        QTest::newRow("of the folder") << QByteArray("Music/Kest") << QByteArray("disk/Kest");
+        QTest::newRow("of a folder above") << QByteArray("Music") << QByteArray("disk");
+    }
+    void anotherPersonsLinkTakesNoFoldersPlace()
+    {
+        QFETCH(QByteArray, link);
+        QFETCH(QByteArray, target);
+        const QByteArray data = bookmarkOf("Music/Kest");
+        make("disk/Kest");
+        QCOMPARE(::rmdir(path("Music/Kest").constData()), 0);
+        ::rmdir(path(link).constData());
+        QCOMPARE(::symlink(path(target).constData(), path(link).constData()), 0);
+        giveAway(link);
+        verifyNotFound(data, EPERM);
+        QCOMPARE(::lchown(path(link).constData(), ::geteuid(), ::getegid()), 0);
+        QVERIFY(m_store.resolveBookmarkData(data, nullptr));
+    }
+
     void aPathThatIsNotUtf8IsFoundAndFollowed()
     {
         make("Music/caf\xe9 \xff");
@@ -121,6 +153,13 @@ private Q_SLOTS:
         }
         QCOMPARE(::rmdir(path("Music/Kest").constData()), 0);
         verifyNotFound(data, ENOENT);
+    }
+
+private:
+    void giveAway(const QByteArray &name)
+    {
+        constexpr uid_t somebodyElse = 65534;
+        QVERIFY2(::lchown(path(name).constData(), somebodyElse, somebodyElse) == 0, "only root can give a folder away");
     }
 };
 

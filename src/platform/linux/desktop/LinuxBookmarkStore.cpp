@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace kest {
 
@@ -45,6 +47,20 @@ Outcome<QByteArray> makeBookmark(const QByteArray &path)
     return { FolderBookmark { path, real ? QByteArray(real.get()) : path, *identity }.toBytes() };
 }
 
+/// Whether it, and every link on the way to it, is this person's or the system's. A folder that others share might
+/// otherwise be swapped for one that they read, or for a link to a folder whose recordings would be cleaned up.
+bool isOfOurMaking(const QByteArray &path)
+{
+    const auto isTrusted = [](const struct stat &status) { return status.st_uid == ::geteuid() || status.st_uid == 0; };
+    struct stat status = {};
+    for (qsizetype slash = path.indexOf('/', 1); slash > 0; slash = path.indexOf('/', slash + 1)) {
+        if (::lstat(path.left(slash).constData(), &status) != 0 || (S_ISLNK(status.st_mode) && !isTrusted(status)))
+            return false;
+    }
+    return ::lstat(path.constData(), &status) == 0 && isTrusted(status)
+        && ::stat(path.constData(), &status) == 0 && isTrusted(status);
+}
+
 Outcome<BookmarkStore::Resolved> resolve(const FolderBookmark &bookmark, const QByteArray &home, const SearchBounds &bounds)
 {
     const FolderURL old = FolderURL::fromNativePath(bookmark.path);
@@ -54,9 +70,11 @@ Outcome<BookmarkStore::Resolved> resolve(const FolderBookmark &bookmark, const Q
         return { BookmarkStore::Resolved { old, there->device != bookmark.identity.device } };
     if (const auto moved = findFolder(bookmark.identity, rootsNear(bookmark, home), bounds))
         return { BookmarkStore::Resolved { FolderURL::fromNativePath(*moved), true } };
-    if (there)
-        return { BookmarkStore::Resolved { old, true } };
-    return { {}, errorNumber };
+    if (!there)
+        return { {}, errorNumber };
+    if (!isOfOurMaking(bookmark.path))
+        return { {}, EPERM };
+    return { BookmarkStore::Resolved { old, true } };
 }
 
 } // namespace
