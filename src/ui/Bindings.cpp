@@ -113,7 +113,11 @@ void Bindings::connectAction(QObject &control, const QString &slot)
         return complain(control, slot);
     const auto call = [this, name] { QMetaObject::invokeMethod(&m_target, name.constData()); };
     if (auto *button = qobject_cast<QAbstractButton *>(&control))
-        connect(button, &QAbstractButton::clicked, this, call);
+        connect(button, &QAbstractButton::clicked, this, [button, call] {
+            // A person presses what can be seen; over the accessibility bus any program presses anything.
+            if (button->window()->isVisible())
+                call();
+        });
     else if (auto *menuItem = qobject_cast<QAction *>(&control))
         connect(menuItem, &QAction::triggered, this, call);
     else if (auto *popup = qobject_cast<QComboBox *>(&control))

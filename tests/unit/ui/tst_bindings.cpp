@@ -83,9 +83,20 @@ private Q_SLOTS:
     {
         auto *button = add<QPushButton>({{"action", QStringLiteral("press")}});
         connectAll();
+        m_root->show();
         button->click();
         QCOMPARE(m_target->pressed, 1);
         QVERIFY(m_bindings->isComplete());
+    }
+
+    void aButtonOfAHiddenWindowDoesNothing()
+    {
+        auto *button = add<QPushButton>({{"action", QStringLiteral("press")}});
+        connectAll();
+        m_root->show();
+        m_root->hide();
+        button->click();
+        QCOMPARE(m_target->pressed, 0);
     }
 
     void aMenuItemCallsItsAction()
