@@ -15,8 +15,10 @@ from services.display import Display  # noqa: E402
 from services.mailbus import MailBus, error_of  # noqa: E402
 from services.mailserver import MailServer  # noqa: E402
 from services.operator import Operator  # noqa: E402
+from services.otheraddon import OtherAddon  # noqa: E402
 from services.sound import SoundServer  # noqa: E402
 from services.thunderbird import Thunderbird  # noqa: E402
+from services.windows import Windows  # noqa: E402
 
 import dbus  # noqa: E402
 
@@ -38,8 +40,13 @@ class NobodyIn(unittest.TestCase):
         cls.addClassCleanup(cls.sound.close)
         cls.mail_server = MailServer(cls.sandbox)
         cls.thunderbird = Thunderbird(cls.sandbox, cls.mail_server)
+        cls.other_addon = OtherAddon(cls.thunderbird.profile, "org.kest.mailhost", "kest@kest.invalid")
+        cls.addClassCleanup(cls.other_addon.close)
         cls.thunderbird.start()
         cls.addClassCleanup(cls.thunderbird.stop)
+        cls.windows = Windows(cls.sandbox)
+        cls.sandbox.start("calculator", ["xcalc"])
+        cls.calculator = cls.windows.of_class("XCalc")
         cls.person = Operator(cls.sandbox)
         cls.kest = KestProgram(cls.sandbox, cls.person, BUILD)
         cls.kest.write_setting("tNewMessageSubject", f'"{MARKER} subject"')
@@ -54,21 +61,58 @@ class NobodyIn(unittest.TestCase):
         return self.stranger.connection.call_blocking("org.kest.Kest", "/org/kest/Kest", DESKTOP, member, signature,
                                                       arguments, timeout=30)
 
+    def assertNothingDone(self):
+        self.assertEqual(self.kest.time_text(), "--:--")
+        self.assertEqual(self.kest.recordings(), [])
+        self.assertEqual(self.thunderbird.windows("Write: "), [])
+        self.assertEqual(list(self.mail_server.outbox.glob("*.eml")), [])
+
+    def hide(self):
+        window = self.person.window("^Kest$")
+        self.windows.turn_to(self.calculator)
+        wait_until(lambda: not self.windows.is_viewable(window), "the window to hide")
+        return window
+
+    def test_a_start_with_words_behind_it_only_shows_the_window(self):
+        for words in (["record"], ["--record"], ["/etc/passwd"], ["send"]):
+            again = self.sandbox.start("kest-again", [BUILD / "bin" / "kest", *words])
+            self.assertEqual(again.wait(30), 0)
+        self.assertNothingDone()
+
+    def test_a_hidden_window_carries_out_nothing(self):
+        record = self.kest.control("Record")
+        compose = self.kest.control("New Message")
+        window = self.hide()
+        for control in (record, compose):
+            actions = control.queryAction()
+            for number in range(actions.nActions):
+                actions.doAction(number)
+        for keys in ("ctrl+r", "ctrl+n"):
+            self.sandbox.run(["xdotool", "key", "--window", window, keys])
+        self.kest.come_back()
+        wait_until(lambda: self.windows.is_viewable(window), "the window to come back")
+        self.assertNothingDone()
+
+    def test_another_addon_neither_starts_the_host_nor_is_heard_by_ours(self):
+        wait_until(lambda: len(self.other_addon.heard) == 2, "the other add-on to have tried", 60)
+        for way, heard in self.other_addon.heard.items():
+            with self.subTest(way):
+                self.assertEqual(len(heard), 1)
+                self.assertTrue(heard[0].startswith("refused: "), heard)
+
     def test_calls_on_the_bus_neither_record_nor_send(self):
         for action in ("record", "Record", "send", "quit"):
             self.desktop("ActivateAction", "sava{sv}", action, [], {})
         self.desktop("Open", "asa{sv}", ["file:///etc/passwd"], {})
         self.desktop("Activate", "a{sv}", {})
-        self.assertEqual(self.kest.time_text(), "--:--")
-        self.assertEqual(self.kest.recordings(), [])
-        self.assertEqual(list(self.mail_server.outbox.glob("*.eml")), [])
+        self.assertNothingDone()
 
     def test_while_kest_runs_nobody_else_has_a_message_made(self):
         for bus in (self.stranger, MailBus(self.sandbox.env["DBUS_SESSION_BUS_ADDRESS"])):
             with self.assertRaises(dbus.DBusException) as caught:
                 bus.new_message("Not wanted")
             self.assertEqual(error_of(caught.exception)[0], "AccessDenied")
-        self.assertEqual(self.thunderbird.windows("Write: "), [])
+        self.assertEqual(self.thunderbird.windows("Write: Not wanted"), [])
 
     def test_the_logs_of_all_three_say_nothing_of_what_was_written(self):
         self.kest.click("Record")

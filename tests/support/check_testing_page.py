@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""Checks that docs/testing.md names only files and tests that exist.
+"""Checks that docs/testing.md and docs/security.md name only files and tests that exist.
 
     check_testing_page.py [SOURCE_ROOT]   prints every name that leads nowhere; status 1 when there is one
     check_testing_page.py --prove         proves on a made-up tree that wrong names are caught and right ones are not
@@ -13,7 +13,7 @@ import sys
 import tempfile
 from pathlib import Path
 
-PAGE = "docs/testing.md"
+PAGES = ("docs/testing.md", "docs/security.md")
 NAME = re.compile(r"`((?:addon/)?tests/[^`:]+)(?:: ([^`]+))?`")
 
 # How a test is written, by the ending of its file.
@@ -29,17 +29,17 @@ def has_test(file, test):
     return written and re.search(written.format(re.escape(test)), file.read_text(), re.M)
 
 
-def problems(root):
+def problems(root, page):
     found = 0
-    for number, line in enumerate((root / PAGE).read_text().splitlines(), 1):
+    for number, line in enumerate((root / page).read_text().splitlines(), 1):
         for path, test in NAME.findall(line):
             found += 1
             if not (root / path).exists():
-                yield f"{PAGE}:{number}: there is no {path}"
+                yield f"{page}:{number}: there is no {path}"
             elif test and not has_test(root / path, test):
-                yield f"{PAGE}:{number}: {path} has no test {test}"
+                yield f"{page}:{number}: {path} has no test {test}"
     if not found:
-        yield f"{PAGE}: names no test at all"
+        yield f"{page}: names no test at all"
 
 
 def prove():
@@ -53,10 +53,10 @@ def prove():
              "tests/b.py: b", "addon/tests/c.test.mjs: it holds", "addon/tests/none.mjs"]
     with tempfile.TemporaryDirectory() as folder:
         root = Path(folder)
-        for name, text in {**files, PAGE: "\n".join(f"- x — `{name}`" for name in right + wrong)}.items():
+        for name, text in {**files, PAGES[0]: "\n".join(f"- x — `{name}`" for name in right + wrong)}.items():
             (root / name).parent.mkdir(parents=True, exist_ok=True)
             (root / name).write_text(text)
-        caught = {int(problem.split(":")[1]) for problem in problems(root)}
+        caught = {int(problem.split(":")[1]) for problem in problems(root, PAGES[0])}
     expected = set(range(len(right) + 1, len(right) + len(wrong) + 1))
     for number in sorted(expected ^ caught):
         print(f"{(right + wrong)[number - 1]}: {'not caught' if number in expected else 'caught, but right'}")
@@ -66,7 +66,8 @@ def prove():
 def main():
     if "--prove" in sys.argv:
         return prove()
-    found = list(problems(Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parents[2]))
+    root = Path(sys.argv[1]) if len(sys.argv) > 1 else Path(__file__).resolve().parents[2]
+    found = [problem for page in PAGES for problem in problems(root, page)]
     print("\n".join(found))
     return 1 if found else 0
 

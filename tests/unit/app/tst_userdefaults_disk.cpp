@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -159,6 +160,21 @@ private Q_SLOTS:
         QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
         QCOMPARE(UserDefaults(path).boolForKey(SettingsKeys::bSendReplies), true);
         QCOMPARE(UserDefaults(path).boolForKey(SettingsKeys::bDeleteOriginals), false);
+    }
+
+    void fileAndFolderAreThePersonsAlone()
+    {
+        const QString path = dir.filePath(QStringLiteral("config/kest/private.ini"));
+        const mode_t before = ::umask(0);
+        UserDefaults(path).setBool(true, SettingsKeys::bSendReplies);
+        ::umask(before);
+        const auto modeOf = [](const QString &name) {
+            struct stat status = {};
+            return ::stat(QFile::encodeName(name).constData(), &status) == 0 ? status.st_mode & 07777 : 0;
+        };
+        QCOMPARE(modeOf(path), mode_t(0600));
+        QCOMPARE(modeOf(QFileInfo(path).path()), mode_t(0700));
+        QCOMPARE(modeOf(dir.filePath(QStringLiteral("config"))), mode_t(0700));
     }
 
     void aLinkedFileStaysALinkAndKeepsItsMode()

@@ -1,4 +1,6 @@
+#include "MadeRecording.h"
 #include "platform/linux/sound/RecordingJournal.h"
+#include "platform/linux/sound/RecordingRecovery.h"
 
 #include <QDir>
 #include <QFile>
@@ -77,6 +79,24 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo((m_folder + "/pipe.json").constData(), 0600), 0);
         QVERIFY(RecordingJournal(m_folder).interrupted().empty());
         QVERIFY(QFile::exists(QFile::decodeName(elsewhere)));
+    }
+
+    void aRecordingThatBecameALinkIsNotFinished()
+    {
+        rememberOne();
+        const QString elsewhere = m_root->filePath(QStringLiteral("elsewhere.m4a"));
+        const QByteArray unfinished = test::makeRecording({{40, 30, 20, 10}}).bytes;
+        QFile target(elsewhere);
+        QVERIFY(target.open(QIODevice::ReadWrite));
+        target.write(unfinished);
+        target.close();
+        const QString recording = m_root->filePath(QStringLiteral("a.m4a"));
+        QVERIFY(QFile::remove(recording));
+        QVERIFY(QFile::link(elsewhere, recording));
+        RecordingRecovery({}).finish(RecordingJournal(m_folder).interrupted());
+        QVERIFY(QFileInfo(recording).isSymLink());
+        QVERIFY(target.open(QIODevice::ReadOnly));
+        QCOMPARE(target.readAll(), unfinished);
     }
 
 private:
