@@ -1,5 +1,6 @@
 #include "ui/Alert.h"
 
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -27,6 +28,10 @@ int Alert::runModal(const AlertContent &content)
     QMessageBox box(iconOf(content.style), QString(), content.messageText, QMessageBox::NoButton, m_window);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(content.informativeText);
+    // The text may quote a mail, a name, a mail application: markup in it must not load files.
+    const auto labels = box.findChildren<QLabel *>();
+    for (QLabel *label : labels)
+        label->setTextFormat(Qt::PlainText);
     QList<QAbstractButton *> buttons;
     for (const QString &title : content.buttons)
         buttons.append(box.addButton(title, QMessageBox::AcceptRole));

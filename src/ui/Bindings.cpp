@@ -8,6 +8,7 @@
 #include <QLoggingCategory>
 #include <QMetaProperty>
 #include <QScopedValueRollback>
+#include <QLabel>
 #include <QShortcut>
 #include <QWidget>
 
@@ -86,6 +87,9 @@ void Bindings::connectTree(QObject &root)
 
 void Bindings::connectObject(QObject &object)
 {
+    // What a label shows may come from outside, and markup in it would load files.
+    if (auto *label = qobject_cast<QLabel *>(&object))
+        label->setTextFormat(Qt::PlainText);
     if (const QString slot = textProperty(object, "action"); !slot.isEmpty())
         connectAction(object, slot);
     if (auto *button = qobject_cast<QAbstractButton *>(&object); button && !textProperty(object, "keys").isEmpty())

@@ -3,8 +3,11 @@
 #include "ui/controls/Icons.h"
 #include "ui/controls/ReadoutAccessible.h"
 
+#include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QTextDocument>
+#include <QToolTip>
 
 namespace kest {
 
@@ -77,6 +80,14 @@ QSize ReadoutField::sizeHint() const
 QSize ReadoutField::minimumSizeHint() const
 {
     return m_elided ? QSize(0, fontMetrics().height()) : sizeHint();
+}
+
+bool ReadoutField::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || !Qt::mightBeRichText(toolTip()))
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), Qt::convertFromPlainText(toolTip()), this);
+    return true;
 }
 
 void ReadoutField::paintEvent(QPaintEvent *)

@@ -5,7 +5,8 @@
 namespace kest {
 
 /// A text field that only shows: the time, the input device, the notice.
-/// Assistive technology reads its text beside its name.
+/// Assistive technology reads its text beside its name. Text and tooltip show as
+/// they stand: they may come from outside, and markup in them would load files.
 class ReadoutField : public QLabel
 {
     Q_OBJECT
@@ -41,6 +42,7 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
