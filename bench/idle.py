@@ -27,16 +27,17 @@ SETTLED = 8  # s until what is done at idle is done
 
 
 def switches(pid):
-    return sum(int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", (task / "status").read_text(), re.M).group(1))
-               for task in Path(f"/proc/{pid}/task").iterdir())
+    """By thread."""
+    return {task.name: int(re.search(r"^voluntary_ctxt_switches:\s+(\d+)", (task / "status").read_text(), re.M).group(1))
+            for task in Path(f"/proc/{pid}/task").iterdir()}
 
 
 def wakeups(process, seconds):
-    """A second, over that time."""
+    """A second, over that time; a thread that ends meanwhile is left out."""
     time.sleep(SETTLED)
     before = switches(process.pid)
     time.sleep(seconds)
-    return (switches(process.pid) - before) / seconds
+    return sum(count - before.get(thread, 0) for thread, count in switches(process.pid).items()) / seconds
 
 
 def window_of(sandbox, title):
