@@ -1,0 +1,78 @@
+#!/usr/bin/python3
+"""Runs every measurement, and writes docs/benchmarks.md.
+
+    bench/all.py [NAME...]      all of them take about an hour; with names ("start"), only those are renewed
+
+Each is a program of its own in this folder and says there what it measures and how. Nothing else should run meanwhile.
+"""
+
+import datetime
+import os
+import platform
+import re
+import subprocess
+import sys
+from pathlib import Path
+
+top = Path(__file__).resolve().parent.parent
+page = top / "docs/benchmarks.md"
+
+PARTS = {
+    "start": ("From the start to the window", []),
+    "beside": ("A recording in four programs", []),
+    "recording": ("The recorder alone", ["--hour"]),
+    "speech": ("What speech becomes", []),
+    "finishing": ("From Stop to the finished file", []),
+    "compose": ("From the click to the compose window", []),
+    "menu": ("The menu of prepared messages", []),
+    "quit": ("Quitting with old recordings to clear away", []),
+    "idle": ("At rest", []),
+}
+
+INTRODUCTION = """# Measured
+
+Written by `bench/all.py`. Every table is one run of one program in `bench/`, whose head says what is measured and how; the
+peers ran in the same run, in turn. Milliseconds belong to the machine that is named, ratios say more.
+"""
+
+
+def machine():
+    model = re.search(r"^model name\s*: (.*)$", Path("/proc/cpuinfo").read_text(), re.M)
+    memory = os.sysconf("SC_PAGE_SIZE") * os.sysconf("SC_PHYS_PAGES") / 2 ** 30
+    return (f"{os.cpu_count()} cores of {model.group(1) if model else platform.machine()}, {memory:.0f} GiB, "
+            f"Linux {platform.release()}, load {os.getloadavg()[0]:.1f} at its beginning, "
+            f"{datetime.date.today().isoformat()}")
+
+
+def measured(name, arguments):
+    where = machine()
+    print(f"{name} …", flush=True)
+    done = subprocess.run([top / "bench" / f"{name}.py", *arguments], capture_output=True, text=True)
+    if done.returncode:
+        sys.exit(f"{name} failed:\n{done.stderr[-2000:]}")
+    return f"{where}\n\n{done.stdout.strip()}\n"
+
+
+def old_parts():
+    """{heading: text} of the page as it is."""
+    if not page.exists():
+        return {}
+    pieces = re.split(r"^## (.*)\n", page.read_text(), flags=re.M)
+    return dict(zip(pieces[1::2], (text.strip() + "\n" for text in pieces[2::2])))
+
+
+def main():
+    names = sys.argv[1:] or list(PARTS)
+    unknown = [name for name in names if name not in PARTS]
+    if unknown:
+        sys.exit(f"{unknown[0]}: there are {', '.join(PARTS)}\n{__doc__}")
+    parts = old_parts()
+    for name, (heading, arguments) in PARTS.items():
+        if name in names:
+            parts[heading] = measured(name, arguments)
+            headings = [heading for heading, _ in PARTS.values() if heading in parts]
+            page.write_text(INTRODUCTION + "".join(f"\n## {heading}\n\n{parts[heading]}" for heading in headings))
+
+
+if __name__ == "__main__":
+    main()
