@@ -6,7 +6,7 @@ import json
 import os
 import subprocess
 
-from .base import wait_until
+from .base import ServiceError, wait_until
 from .virtual_input import VirtualInput
 
 CONFIG = """
@@ -39,7 +39,9 @@ class Compositor:
             sandbox.env.pop(name, None)
         self.process = sandbox.start("sway", [*(NOT_AS_ROOT if os.geteuid() == 0 else []), "sway", "--config", config],
                                      env=HEADLESS)
-        wait_until(told.exists, "the compositor", 30)
+        wait_until(lambda: told.exists() or self.process.poll() is not None, "the compositor", 30)
+        if self.process.poll() is not None:
+            raise ServiceError("the compositor did not start:\n" + sandbox.log("sway"))
         wayland, *x11 = told.read_text().split()
         sandbox.env["WAYLAND_DISPLAY"] = wayland
         if x11:
