@@ -18,7 +18,16 @@ public:
     /// False when it could not be moved; then it is where it was, whole, and
     /// `error`, which may be null, says why. Never deletes anything, and nothing
     /// that already is in the trash is replaced.
-    virtual bool trashItem(const FileURL &atURL, Error *error) = 0;
+    ///
+    /// `resultingItemURL`, which may be null, is set to where it lies now.
+    virtual bool trashItem(const FileURL &atURL, Error *error, FileURL *resultingItemURL = nullptr) = 0;
+
+    /// Takes `trashedItem`, which `trashItem` told of, out of the trash again
+    /// and gives it the name and place `toURL`. Never replaces anything: false,
+    /// with everything as it was, when something bears that name meanwhile, when
+    /// its folder or the thing itself is gone, or for another reason; `error`
+    /// may be null.
+    virtual bool putBack(const FileURL &trashedItem, const FileURL &toURL, Error *error) = 0;
 };
 
 } // namespace kest

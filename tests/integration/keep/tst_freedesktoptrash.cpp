@@ -49,6 +49,47 @@ private Q_SLOTS:
         QCOMPARE(read(m_s->folder + "/a.m4a"), QByteArray("sound"));
     }
 
+    void whatWasTrashedIsPutBackUnderItsVeryName()
+    {
+        const QByteArray path = m_s->folder + "/a b%.m4a";
+        FileURL inTrash;
+        for (const char *content : {"one", "two"}) { // the second lies there under another name
+            QVERIFY(write(path, content));
+            QVERIFY(m_s->subject.trashItem(FileURL::fromNativePath(path), &m_s->error, &inTrash));
+        }
+        QCOMPARE(inTrash.nativePath(), m_s->trash + "/files/a b%.2.m4a");
+        QVERIFY(m_s->subject.putBack(inTrash, FileURL::fromNativePath(path), &m_s->error));
+        QCOMPARE(read(path), QByteArray("two"));
+        QVERIFY(!there(m_s->trash + "/files/a b%.2.m4a"));
+        QVERIFY(!there(m_s->trash + "/info/a b%.2.m4a.trashinfo"));
+        QVERIFY(there(m_s->trash + "/info/a b%.m4a.trashinfo"));
+    }
+
+    void puttingBackReplacesNothing()
+    {
+        const FileURL file = FileURL::fromNativePath(m_s->folder + "/a.m4a");
+        FileURL inTrash;
+        QVERIFY(write(file.nativePath(), "mine"));
+        QVERIFY(m_s->subject.trashItem(file, nullptr, &inTrash));
+        QVERIFY(write(file.nativePath(), "other"));
+        QVERIFY(!m_s->subject.putBack(inTrash, file, &m_s->error));
+        QVERIFY(!m_s->error.description.isEmpty());
+        QCOMPARE(read(file.nativePath()), QByteArray("other"));
+        QCOMPARE(read(inTrash.nativePath()), QByteArray("mine"));
+        QVERIFY(there(m_s->trash + "/info/a.m4a.trashinfo"));
+    }
+
+    void whatIsNotInTheTrashAnyMoreCannotBePutBack()
+    {
+        const FileURL file = FileURL::fromNativePath(m_s->folder + "/a.m4a");
+        FileURL inTrash;
+        QVERIFY(write(file.nativePath(), "mine"));
+        QVERIFY(m_s->subject.trashItem(file, nullptr, &inTrash));
+        QVERIFY(QFile::remove(inTrash.path()));
+        QVERIFY(!m_s->subject.putBack(inTrash, file, nullptr));
+        QVERIFY(!there(file.nativePath()));
+    }
+
     void nothingInTheTrashIsReplaced()
     {
         for (const char *content : {"one", "two", "three"}) {

@@ -39,7 +39,8 @@ public:
     }
     bool removeItem(const FileURL &atURL, Error *) override { return take(deleted, atURL); }
     bool moveItem(const FileURL &, const FileURL &, Error *) override { return false; } // the clean-up never moves
-    bool trashItem(const FileURL &atURL, Error *) override { return take(trashed, atURL); }
+    bool trashItem(const FileURL &atURL, Error *, FileURL *) override { return take(trashed, atURL); }
+    bool putBack(const FileURL &, const FileURL &, Error *) override { return false; }
 
     void add(const char *name, FileTime made) { entries.push_back({name, made}); }
 

@@ -1,5 +1,7 @@
 #include "platform/linux/desktop/FreedesktopTrash.h"
 
+#include "platform/linux/desktop/PosixFolderContents.h"
+
 #include <QDir>
 
 #include <cerrno>
@@ -69,54 +71,72 @@ struct FreedesktopTrash::Item {
     FileDescriptor folderFd;
 
     QByteArray path() const { return folder == "/" ? '/' + name : folder + '/' + name; }
-    bool putInto(TrashFolder &trash, const QByteArray &originalPath) const
+    QByteArray putInto(TrashFolder &trash, const QByteArray &originalPath) const
     {
         return trash.put(folderFd, name, originalPath);
     }
-    bool putAtTop() const;
+    QByteArray putAtTop() const;
 };
 
-bool FreedesktopTrash::Item::putAtTop() const
+/// Where it lies then; empty when it could not be put there.
+QByteArray FreedesktopTrash::Item::putAtTop() const
 {
     const QByteArray top = topOf(folder);
     const QByteArray relative = path().mid(top == "/" ? 1 : top.size() + 1);
     auto shared = TrashFolder::administrators(top, ::getuid());
-    if (shared && putInto(*shared, relative))
-        return true;
+    QByteArray place = shared ? putInto(*shared, relative) : QByteArray();
+    if (!place.isEmpty())
+        return place;
     auto own = TrashFolder::own(top, ::getuid());
-    return own && putInto(*own, relative);
+    return own ? putInto(*own, relative) : QByteArray();
 }
 
-bool FreedesktopTrash::putInHomeTrash(const Item &item)
+QByteArray FreedesktopTrash::putInHomeTrash(const Item &item)
 {
     const QByteArray path = homeTrash();
     const bool known = m_home && m_homePath == path;
-    if (known && item.putInto(*m_home, item.path()))
-        return true;
+    const QByteArray place = known ? item.putInto(*m_home, item.path()) : QByteArray();
+    if (!place.isEmpty())
+        return place;
     if (known && errno != ENOENT) // that is: it was removed since, and is made again
-        return false;
+        return {};
     m_homePath = path;
     m_home = TrashFolder::home(path);
-    return m_home && item.putInto(*m_home, item.path());
+    return m_home ? item.putInto(*m_home, item.path()) : QByteArray();
 }
 
-bool FreedesktopTrash::trash(const QByteArray &path)
+QByteArray FreedesktopTrash::trash(const QByteArray &path)
 {
     struct stat status {};
     if (::lstat(path.constData(), &status) != 0)
-        return false;
+        return {};
     Item item {withoutLinks(parentOf(path)), path.mid(path.lastIndexOf('/') + 1), {}};
     item.folderFd = FileDescriptor(::open(item.folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    return item.folderFd.isOpen() && (putInHomeTrash(item) || item.putAtTop());
+    if (!item.folderFd.isOpen())
+        return {};
+    const QByteArray place = putInHomeTrash(item);
+    return place.isEmpty() ? item.putAtTop() : place;
 }
 
-bool FreedesktopTrash::trashItem(const FileURL &atURL, Error *error)
+bool FreedesktopTrash::trashItem(const FileURL &atURL, Error *error, FileURL *resultingItemURL)
 {
-    if (trash(atURL.nativePath()))
+    const QByteArray place = trash(atURL.nativePath());
+    if (!place.isEmpty()) {
+        if (resultingItemURL)
+            *resultingItemURL = FileURL::fromNativePath(place);
         return true;
+    }
     handBack(error, posixError(errno, QStringLiteral("\u201c%1\u201d could not be moved to the Trash")
                                           .arg(atURL.displayPath())));
     return false;
+}
+
+bool FreedesktopTrash::putBack(const FileURL &trashedItem, const FileURL &toURL, Error *error)
+{
+    if (!PosixFolderContents().moveItem(trashedItem, toURL, error))
+        return false;
+    TrashFolder::removeNote(trashedItem.nativePath());
+    return true;
 }
 
 } // namespace kest

@@ -25,13 +25,14 @@ namespace kest {
 class FreedesktopTrash : public Trash
 {
 public:
-    bool trashItem(const FileURL &atURL, Error *error) override;
+    bool trashItem(const FileURL &atURL, Error *error, FileURL *resultingItemURL = nullptr) override;
+    bool putBack(const FileURL &trashedItem, const FileURL &toURL, Error *error) override;
 
 private:
     struct Item;
 
-    bool trash(const QByteArray &path);
-    bool putInHomeTrash(const Item &item);
+    QByteArray trash(const QByteArray &path);
+    QByteArray putInHomeTrash(const Item &item);
 
     QByteArray m_homePath; // where m_home lies
     std::optional<TrashFolder> m_home;

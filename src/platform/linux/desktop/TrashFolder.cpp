@@ -16,6 +16,8 @@ namespace {
 constexpr int numberedNames = 100;
 constexpr int randomNames = 10;
 constexpr const char *noteSuffix = ".trashinfo";
+constexpr const char *filesFolder = "/files/";
+constexpr const char *infoFolder = "/info/";
 
 bool makeFolder(int in, const char *name)
 {
@@ -102,7 +104,7 @@ std::optional<TrashFolder> TrashFolder::home(const QByteArray &path)
     if (!makePath(path))
         return {};
     // People do move their trash elsewhere and leave a link: followed here, and only here.
-    return opened(FileDescriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
+    return opened(path, FileDescriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)));
 }
 
 std::optional<TrashFolder> TrashFolder::administrators(const QByteArray &top, unsigned uid)
@@ -114,7 +116,8 @@ std::optional<TrashFolder> TrashFolder::administrators(const QByteArray &top, un
     if (!makeFolder(shared.get(), name.constData()))
         return {};
     FileDescriptor base = openFolder(shared.get(), name.constData());
-    return base.isOpen() && belongsTo(base, uid) ? opened(std::move(base)) : std::nullopt;
+    const QByteArray path = top + "/.Trash/" + name;
+    return base.isOpen() && belongsTo(base, uid) ? opened(path, std::move(base)) : std::nullopt;
 }
 
 std::optional<TrashFolder> TrashFolder::own(const QByteArray &top, unsigned uid)
@@ -123,14 +126,15 @@ std::optional<TrashFolder> TrashFolder::own(const QByteArray &top, unsigned uid)
     if (!makeFolder(AT_FDCWD, path.constData()))
         return {};
     FileDescriptor base = openFolder(AT_FDCWD, path.constData());
-    return base.isOpen() && belongsTo(base, uid) ? opened(std::move(base)) : std::nullopt;
+    return base.isOpen() && belongsTo(base, uid) ? opened(path, std::move(base)) : std::nullopt;
 }
 
-std::optional<TrashFolder> TrashFolder::opened(FileDescriptor base)
+std::optional<TrashFolder> TrashFolder::opened(const QByteArray &path, FileDescriptor base)
 {
     if (!base.isOpen() || !makeFolder(base.get(), "files") || !makeFolder(base.get(), "info"))
         return {};
     TrashFolder folder;
+    folder.m_path = path;
     folder.m_files = openFolder(base.get(), "files");
     folder.m_info = openFolder(base.get(), "info");
     if (!folder.m_files.isOpen() || !folder.m_info.isOpen())
@@ -138,26 +142,33 @@ std::optional<TrashFolder> TrashFolder::opened(FileDescriptor base)
     return folder;
 }
 
-bool TrashFolder::put(const FileDescriptor &from, const QByteArray &name, const QByteArray &originalPath)
+QByteArray TrashFolder::put(const FileDescriptor &from, const QByteArray &name, const QByteArray &originalPath)
 {
     if (!onOneFileSystem(from, m_files)) {
         errno = EXDEV;
-        return false;
+        return {};
     }
     for (int attempt = 0; attempt < numberedNames + randomNames; ++attempt) {
         const QByteArray as = candidate(name, attempt);
         // The note comes first: making it claims the name.
         if (writeNote(as, originalPath)) {
             if (moveIn(from, name, as))
-                return true;
+                return m_path + filesFolder + as;
             const int reason = errno;
             ::unlinkat(m_info.get(), (as + noteSuffix).constData(), 0);
             errno = reason;
         }
         if (errno != EEXIST)
-            return false;
+            return {};
     }
-    return false;
+    return {};
+}
+
+void TrashFolder::removeNote(const QByteArray &path)
+{
+    const auto files = path.lastIndexOf(filesFolder);
+    if (files >= 0)
+        ::unlink((path.left(files) + infoFolder + path.mid(files + qstrlen(filesFolder)) + noteSuffix).constData());
 }
 
 bool TrashFolder::writeNote(const QByteArray &name, const QByteArray &originalPath)

@@ -31,15 +31,21 @@ public:
 
     /// Moves the entry `name` of the open folder `from` in here. `originalPath`
     /// goes into the note: absolute, or relative to the top of the file system.
-    /// False when it could not; then it is where it was and errno says why.
-    bool put(const FileDescriptor &from, const QByteArray &name, const QByteArray &originalPath);
+    /// Where it lies then; empty when it could not be moved: then it is where it
+    /// was and errno says why.
+    QByteArray put(const FileDescriptor &from, const QByteArray &name, const QByteArray &originalPath);
+
+    /// Takes away the note on what lay at `path` in a trash. A note that stays
+    /// does no harm, so nothing is told.
+    static void removeNote(const QByteArray &path);
 
 private:
-    static std::optional<TrashFolder> opened(FileDescriptor base);
+    static std::optional<TrashFolder> opened(const QByteArray &path, FileDescriptor base);
 
     bool writeNote(const QByteArray &name, const QByteArray &originalPath);
     bool moveIn(const FileDescriptor &from, const QByteArray &name, const QByteArray &as);
 
+    QByteArray m_path;
     FileDescriptor m_files;
     FileDescriptor m_info;
 };
