@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/AudioFilePlayer.h"
 #include "platform/AudioFileRecorder.h"
 #include "platform/AudioHardware.h"
 #include "platform/BookmarkStore.h"
@@ -27,6 +28,7 @@ struct Platform {
     std::unique_ptr<SleepHold> sleepHold;
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
+    std::unique_ptr<AudioFilePlayer> player;
     std::unique_ptr<MailTransport> mailTransport;
     std::unique_ptr<MailConnection> mailConnection; // hears of what the transport hears
     std::unique_ptr<Workspace> workspace; // watches the mail transport, so it goes first

@@ -45,6 +45,7 @@ Platform makeLinuxPlatform()
     PulseSound sound = makePulseSound();
     platform.audioHardware = std::move(sound.audioHardware);
     platform.recorderFactory = std::move(sound.recorderFactory);
+    platform.player = std::move(sound.player);
     auto mailTransport = std::make_unique<DBusMailTransport>();
     platform.mailConnection = std::make_unique<DBusMailConnection>(mailTransport->services());
     platform.mailTransport = std::move(mailTransport);

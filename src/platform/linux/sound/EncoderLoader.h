@@ -1,10 +1,7 @@
 #pragma once
 
 #include "platform/linux/sound/EncoderPlugin.h"
-
-#include <QByteArray>
-#include <QList>
-#include <QString>
+#include "platform/linux/sound/PluginLibrary.h"
 
 #include <mutex>
 
@@ -17,11 +14,8 @@ namespace kest {
 class EncoderLoader
 {
 public:
-    /// Looks for the plugin where this program lies and where it was installed.
-    EncoderLoader();
-
-    /// For tests: a plugin file elsewhere.
-    explicit EncoderLoader(QByteArray pluginFile);
+    /// `pluginFile` as PluginLibrary takes it; tests give one elsewhere.
+    explicit EncoderLoader(const QByteArray &pluginFile = "kest-encoder.so") : m_library(pluginFile) { }
     virtual ~EncoderLoader() = default;
     EncoderLoader(const EncoderLoader &) = delete;
     EncoderLoader &operator=(const EncoderLoader &) = delete;
@@ -31,12 +25,8 @@ public:
     virtual EncoderPlugin *load(QString *problem);
 
 private:
-    EncoderPlugin *open(const QByteArray &file);
-
-    const QList<QByteArray> m_candidates;
     std::mutex m_mutex;
-    EncoderPlugin *m_plugin = nullptr;
-    QString m_problem;
+    PluginLibrary m_library;
 };
 
 } // namespace kest

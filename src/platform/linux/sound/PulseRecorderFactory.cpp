@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 #include "platform/linux/sound/PulseHardware.h"
+#include "platform/linux/sound/PulsePlayer.h"
 #include "platform/linux/sound/PulseSound.h"
 #include "platform/linux/sound/RecordingRecovery.h"
 
@@ -108,8 +109,9 @@ PulseSound makePulseSound(const PulseSoundOptions &options)
     const auto encoders = options.encoders ? options.encoders : std::make_shared<EncoderLoader>();
     const auto journal = std::make_shared<RecordingJournal>(
         options.journalFolder.isEmpty() ? RecordingJournal::defaultFolder() : options.journalFolder);
+    const auto decoders = options.decoders ? options.decoders : std::make_shared<DecoderLoader>();
     return {std::make_unique<PulseRecorderFactory>(context, encoders, journal),
-            std::make_unique<PulseHardware>(context)};
+            std::make_unique<PulseHardware>(context), std::make_unique<PulsePlayer>(context, decoders)};
 }
 
 } // namespace kest
