@@ -57,8 +57,9 @@ void AppDelegate::applicationDidFinishLaunching()
 {
     finishInterruptedRecordings();
     m_winController = std::make_unique<MainWindowController>(MainWindowDependencies {
-        *m_platform.clock, *m_platform.processInfo, *m_platform.recorderFactory, *m_platform.mailTransport,
-        *m_platform.mailConnection, m_alerts, m_defaults, *this, *m_platform.folderContents, *m_platform.bookmarkStore, *m_platform.workspace });
+        *m_platform.clock, *m_platform.processInfo, *m_platform.recorderFactory, *m_platform.player,
+        *m_platform.mailTransport, *m_platform.mailConnection, m_alerts, m_defaults, *this, *m_platform.folderContents,
+        *m_platform.trash, *m_platform.bookmarkStore, *m_platform.workspace });
     connectWindow();
     m_winController->showWindow();
     // Through the loop's own net: a device's odd name must not keep the rest from starting.

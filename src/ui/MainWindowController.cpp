@@ -5,7 +5,7 @@
 #include "app/UserDefaults.h"
 #include "platform/ProcessInfo.h"
 #include "ui/Bindings.h"
-#include "ui/DetailPanel.h"
+#include "ui/ListeningPanel.h"
 #include "ui/PreferencesWindowController.h"
 #include "ui/WindowSizer.h"
 #include "ui/controls/Icons.h"
@@ -71,7 +71,7 @@ void MainWindowController::loadWindow()
     applyFonts();
     m_sizer = new WindowSizer(m_window.get(), this);
     connect(m_sizer, &WindowSizer::reached, this, &MainWindowController::hideCollapsedPart);
-    m_details = std::make_unique<DetailPanel>(*m_ui);
+    m_listening = std::make_unique<ListeningPanel>(*m_ui, m_dependencies.player, m_dependencies.trash);
     m_bindings = std::make_unique<Bindings>(*this, m_dependencies.userDefaults);
     m_bindings->registerClass(QStringLiteral("ASMail"), [this](QObject *owner) {
         return new ASMail(m_dependencies.mailTransport, m_dependencies.alertPresenter, owner);
@@ -83,6 +83,7 @@ void MainWindowController::loadWindow()
     connect(attachmentsMenu(), &PullDownMenu::triggered, this, &MainWindowController::attachmentChosen);
     for (const QKeySequence::StandardKey keys : {QKeySequence::Quit, QKeySequence::Close})
         connect(new QShortcut(keys, m_window.get()), &QShortcut::activated, m_window.get(), &QWidget::close);
+    connectListening();
     connectNotices();
 }
 

@@ -25,8 +25,8 @@ namespace kest {
 
 class Bindings;
 class ControlButton;
-class DetailPanel;
 class KestLevelsView;
+class ListeningPanel;
 struct MessageDraft;
 class PreferencesWindowController;
 class PullDownButton;
@@ -184,9 +184,6 @@ public Q_SLOTS:
     /// and the menu's check marks as they are.
     void removeAttachmentMenuSelection();
 
-    void showLastRecordingInFolder();
-    void playLastRecording();
-
 Q_SIGNALS:
     void recordingActiveChanged(bool active);
     void sheetShowingChanged(bool showing);
@@ -269,6 +266,7 @@ private:
     bool waitForFinishedRecording();
     void updateBusy();
 
+    void connectListening();
     void connectNotices();
     void connectWarnings();
     void showNotice();
@@ -279,7 +277,7 @@ private:
     std::unique_ptr<QWidget> m_window;
     std::unique_ptr<Ui::MainWindow> m_ui;
     std::unique_ptr<Bindings> m_bindings;
-    std::unique_ptr<DetailPanel> m_details;
+    std::unique_ptr<ListeningPanel> m_listening;
     std::unique_ptr<PreferencesWindowController> m_preferences; // null where another window made it
     WindowSizer *m_sizer = nullptr;
     NoticePlace m_notices;
@@ -289,6 +287,7 @@ private:
     bool m_recordingGoesOn = false;
     bool m_sheetShowing = false;
     bool m_recordingExists = false;
+    bool m_existedBeforeDiscard = false;
     bool m_canReplyOrCompose = false;
     bool m_commandRunning = false;
     bool m_busy = false;

@@ -9,6 +9,7 @@ namespace kest {
 
 class AlertPresenter;
 class ApplicationDelegate;
+class AudioFilePlayer;
 class AudioFileRecorderFactory;
 class BookmarkStore;
 class Clock;
@@ -16,6 +17,7 @@ class FolderContents;
 class MailConnection;
 class MailTransport;
 class ProcessInfo;
+class Trash;
 class UserDefaults;
 class Workspace;
 
@@ -24,12 +26,14 @@ struct MainWindowDependencies {
     Clock &clock;
     ProcessInfo &processInfo;
     AudioFileRecorderFactory &recorderFactory;
+    AudioFilePlayer &player;
     MailTransport &mailTransport;
     MailConnection &mailConnection;
     AlertPresenter &alertPresenter;
     UserDefaults &userDefaults;
     ApplicationDelegate &delegate;
     FolderContents &folderContents;
+    Trash &trash;
     BookmarkStore &bookmarkStore;
     Workspace &workspace;
 

@@ -7,6 +7,7 @@
 #include "app/UserDefaults.h"
 #include "mail/MessageDraft.h"
 #include "ui/ApplicationDelegate.h"
+#include "ui/ListeningPanel.h"
 #include "ui_MainWindow.h"
 
 #include <QCoreApplication>
@@ -118,6 +119,7 @@ void MainWindowController::useRecording(const std::function<void(const std::opti
         handOver(recordingFile());
     }
     setRecordingExists(false);
+    m_listening->showUsed();
     setRecordingTime(currentRecordingTime());
     removeAttachmentMenuSelection();
     updateStatusNotice();
@@ -158,7 +160,8 @@ void MainWindowController::createMessage(const ComposeSettings &settings, const 
 
 std::optional<FileURL> MainWindowController::recordingFile() const
 {
-    const AudioFileRecorder *recorder = m_audioRecorder ? m_audioRecorder->recorder() : nullptr;
+    const bool there = m_audioRecorder && !m_listening->isDiscarded();
+    const AudioFileRecorder *recorder = there ? m_audioRecorder->recorder() : nullptr;
     return recorder ? std::optional(recorder->url()) : std::nullopt;
 }
 

@@ -1,9 +1,7 @@
-// The quiet place of MainWindowController's window, its fonts, and the detail panel.
+// The quiet place of MainWindowController's window, and its fonts.
 
 #include "app/UserDefaults.h"
-#include "platform/FileAddress.h"
 #include "ui/Appearance.h"
-#include "ui/DetailPanel.h"
 #include "ui/MailStateView.h"
 #include "ui/MainWindowController.h"
 #include "ui/RecordingWarnings.h"
@@ -37,6 +35,7 @@ void MainWindowController::applyFonts()
     m_ui->timeField->setFont(sized(base, timePixels, QFont::Light));
     for (QWidget *small : std::initializer_list<QWidget *>{m_ui->noticeField, m_ui->inputNameField,
                                                            m_ui->recordingFactsField, m_ui->recordingFolderField,
+                                                           m_ui->positionField, m_ui->playbackNoticeField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         small->setFont(sized(base, smallTextPixels, QFont::Normal));
     m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
@@ -71,7 +70,7 @@ void MainWindowController::connectNotices()
     });
     connect(m_ui->mailStateView, &MailStateView::installTold, this,
             [this](const QString &words) { m_notices.tell(NoticePlace::Subject::Hint, words); });
-    QWidget::setTabOrder(m_ui->showInFolderButton, m_ui->mailStateView->focusProxy());
+    QWidget::setTabOrder(m_ui->discardButton, m_ui->mailStateView->focusProxy());
     m_ui->mailStateView->watch(m_dependencies.mailConnection, m_dependencies.userDefaults);
     updateStatusNotice();
     showNotice();
@@ -133,16 +132,6 @@ void MainWindowController::showNotice()
         QAccessibleEvent event(field, QAccessible::Alert);
         QAccessible::updateAccessibility(&event);
     }
-}
-
-void MainWindowController::showLastRecordingInFolder()
-{
-    Q_EMIT openURLRequested(addressOf(m_details->recording().deletingLastPathComponent()));
-}
-
-void MainWindowController::playLastRecording()
-{
-    Q_EMIT openURLRequested(addressOf(m_details->recording()));
 }
 
 } // namespace kest

@@ -2,7 +2,7 @@
 
 #include "platform/AlertPresenter.h"
 #include "ui/ApplicationDelegate.h"
-#include "ui/DetailPanel.h"
+#include "ui/ListeningPanel.h"
 #include "ui/MainWindowController.h"
 #include "ui/RecordingWarnings.h"
 #include "ui/Wording.h"
@@ -28,6 +28,7 @@ void MainWindowController::audioRecordingRecord()
     m_notices.withdraw(NoticePlace::Subject::Recording);
     m_notices.withdraw(NoticePlace::Subject::Hint);
     const bool hadFocus = m_ui->recordButton->hasFocus();
+    m_listening->showRecording({}, std::nullopt); // the microphone must not hear what plays
     m_audioRecorder.reset();
     m_audioRecorder = std::make_unique<AudioRecorder>(m_dependencies.recorderFactory, m_dependencies.clock);
     connectRecorder();
@@ -69,8 +70,8 @@ void MainWindowController::afterRecordingStarted(bool recordHadFocus)
     if (recordHadFocus)
         pauseResumeButton()->setFocus(Qt::OtherFocusReason);
     namePauseResumeButton(false);
-    m_details->showRecordingUnderWay(m_audioRecorder->recordingURL());
     m_warnings->watch(m_audioRecorder->recorder());
+    m_listening->showRecordingUnderWay(m_audioRecorder->recordingURL());
     if (!m_audioRecorder->recorder())
         m_notices.tell(NoticePlace::Subject::Recording, wordsForNothingKept(RecordingTrouble::CannotWrite));
     updateStatusNotice();
@@ -99,13 +100,29 @@ void MainWindowController::sayNothingKept(RecordingTrouble trouble, const QStrin
 void MainWindowController::recordingFinished(bool kept)
 {
     if (!kept) {
-        m_details->showRecording({}, std::nullopt);
+        m_listening->showRecording({}, std::nullopt);
         if (m_recordingTrouble)
             sayNothingKept(m_recordingTrouble->first, m_recordingTrouble->second);
         return;
     }
     if (AudioFileRecorder *recorder = m_audioRecorder->recorder())
-        m_details->showRecording(recorder->url(), recorder->currentTime());
+        m_listening->showRecording(recorder->url(), recorder->currentTime());
+}
+
+void MainWindowController::connectListening()
+{
+    connect(m_listening.get(), &ListeningPanel::openURLRequested, this, &MainWindowController::openURLRequested);
+    connect(this, &MainWindowController::busyChanged, m_listening.get(), &ListeningPanel::setBusy);
+    // A discarded recording is none, until it comes back as what it was.
+    connect(m_listening.get(), &ListeningPanel::discarded, this, [this] {
+        m_existedBeforeDiscard = m_recordingExists;
+        setRecordingExists(false);
+        updateStatusNotice();
+    });
+    connect(m_listening.get(), &ListeningPanel::restored, this, [this] {
+        setRecordingExists(m_existedBeforeDiscard);
+        updateStatusNotice();
+    });
 }
 
 void MainWindowController::startStatusTimer()

@@ -6,7 +6,7 @@
 #include "app/UserDefaults.h"
 #include "mail/MessageDraft.h"
 #include "platform/FolderContents.h"
-#include "ui/DetailPanel.h"
+#include "ui/ListeningPanel.h"
 #include "ui/RecordingName.h"
 
 #include <stdexcept>
@@ -141,9 +141,8 @@ bool MainWindowController::moveRecording(const FileURL &from, const FileURL &to)
 {
     if (!m_dependencies.folderContents.moveItem(from, to, nullptr))
         return false;
-    const AudioFileRecorder *recorder = m_audioRecorder ? m_audioRecorder->recorder() : nullptr;
-    if (recorder && m_details->recording() == from)
-        m_details->showRecording(to, recorder->currentTime());
+    if (m_listening->recording() == from)
+        m_listening->showMoved(to);
     return true;
 }
 

@@ -26,6 +26,7 @@ sys.path.insert(0, str(here.parent / "support"))
 sys.path.insert(0, str(here))
 
 from kest_program import KestProgram, speak  # noqa: E402
+from listening import Listening  # noqa: E402
 from progress import Progress  # noqa: E402
 from services.base import Sandbox, ServiceError, wait_until  # noqa: E402
 from services.bus import AccessibilityBus, SessionBus  # noqa: E402
@@ -75,6 +76,8 @@ class MainJob:
             ("Resume, and the sentence goes on", self.resume),
             ("Stop", self.stop),
             ("The recording is an ordinary .m4a with what was said", self.check_recording),
+            ("Play, pause, a click on the waveform: it is heard", self.listen),
+            ("Discard moves it to the trash, Undo brings it back", self.discard_and_undo),
             ("New Message: Thunderbird's compose window opens", self.compose),
             ("The mail is sent from Thunderbird's own window", self.send),
             ("The mail arrived, with subject, text and the recording", self.check_mail),
@@ -94,6 +97,7 @@ class MainJob:
         self.display = Display(self.sandbox, "1400x860")
         AccessibilityBus(self.sandbox)
         self.sound = SoundServer(self.sandbox, self.sound_kind)
+        self.sound.add_output("kest_speaker")
         self.person = Operator(self.sandbox)
 
     def start_mail_server(self):
@@ -151,6 +155,17 @@ class MainJob:
             raise ServiceError(f"the recording lasts {seconds:.2f} s, but {spoken:.2f} s were spoken, and the microphone "
                                f"was open for {self.open_seconds:.2f} s")
         shutil.copy2(self.recording, self.output / self.recording.name)
+
+    def listen(self):
+        self.listening = Listening(self.person, self.kest, self.recording)
+        self.listening.open()
+        self.listening.play_and_pause()
+        self.picture("listening")
+        self.listening.seek_and_hear_the_end()
+
+    def discard_and_undo(self):
+        self.listening.discard_and_undo()
+        self.kest.click("Show Less")
 
     def compose(self):
         self.kest.click("New Message")

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/UserDefaults.h"
+#include "fakes/FakeAudioFilePlayer.h"
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeMailConnection.h"
@@ -8,6 +9,7 @@
 #include "fakes/RecordingAlertPresenter.h"
 #include "fakes/RecordingMailTransport.h"
 #include "platform/ProcessInfo.h"
+#include "platform/linux/desktop/FreedesktopTrash.h"
 #include "platform/linux/desktop/LinuxBookmarkStore.h"
 #include "platform/linux/desktop/PosixFolderContents.h"
 #include "ui/ApplicationDelegate.h"
@@ -82,6 +84,7 @@ struct WindowHouse {
     FakeClock clock;
     FakeProcessInfo processInfo;
     FakeAudioFileRecorderFactory recorders;
+    FakeAudioFilePlayer player;
     RecordingMailTransport mail;
     MailTransport *otherMail = nullptr; ///< Used in place of `mail` when set.
     FakeMailConnection connection;
@@ -89,6 +92,7 @@ struct WindowHouse {
     RecordingAlertPresenter alerts;
     FakeDelegate delegate;
     PosixFolderContents folderContents;
+    FreedesktopTrash trash; ///< That of the throw-away home.
     ApplicationDelegate *otherDelegate = nullptr; ///< Used in place of `delegate` when set.
     LinuxBookmarkStore bookmarks;
     FakeWorkspace workspace;

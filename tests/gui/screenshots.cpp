@@ -80,6 +80,56 @@ struct Studio {
         house.controller->preferences()->closePrefsSheet();
     }
 
+    /// Made up as speech looks: words, and pauses between them.
+    static QList<float> spokenPeaks()
+    {
+        QList<float> peaks;
+        for (int part = 0; part < 512; ++part) {
+            const double word = qMax(0.0, std::sin(part * 0.09) * std::sin(part * 0.017 + 0.6));
+            const double syllable = 0.55 + 0.45 * std::sin(part * 0.83);
+            peaks.append(static_cast<float>(0.004 + 0.5 * word * syllable));
+        }
+        return peaks;
+    }
+
+    void recordToTheEnd(double seconds)
+    {
+        record();
+        house.recorders.last()->setCurrentTime(seconds);
+        house.controller->audioRecordingStop();
+        house.player.read(seconds, spokenPeaks());
+    }
+
+    /// The place to listen, in all its states.
+    void takeListening()
+    {
+        house.controller->windowToggleExpanded();
+        take(QStringLiteral("listening-none"));
+        recordToTheEnd(47.2);
+        take(QStringLiteral("listening"));
+        house.find(QStringLiteral("Play"))->setFocus(Qt::TabFocusReason);
+        house.player.play();
+        house.player.setPosition(18.6);
+        take(QStringLiteral("listening-playing"));
+        QTest::keyClick(house.find(QStringLiteral("Position")), Qt::Key_Right);
+        house.find(QStringLiteral("Position"))->setFocus(Qt::TabFocusReason);
+        take(QStringLiteral("listening-focus"));
+        house.controller->window()->setLayoutDirection(Qt::RightToLeft);
+        take(QStringLiteral("listening-right-to-left"));
+        house.controller->window()->setLayoutDirection(Qt::LeftToRight);
+        house.player.fail(PlaybackTrouble::OutputLost);
+        take(QStringLiteral("listening-trouble"));
+        house.controller->mailComposeNewMessage();
+        take(QStringLiteral("listening-used"));
+        house.click(QStringLiteral("Discard Recording"));
+        take(QStringLiteral("listening-discarded"));
+        recordToTheEnd(3 * 3600 + 5);
+        house.player.play();
+        house.player.setPosition(65);
+        take(QStringLiteral("listening-hours"));
+        house.controller->windowToggleExpanded();
+    }
+
     /// The one for the front page: recording, with all that the window tells.
     void takePortrait()
     {
@@ -144,6 +194,7 @@ int main(int argc, char **argv)
     studio.suffix = dark ? QStringLiteral("-dark") : QString();
     applyColorScheme(dark ? ColorScheme::Dark : ColorScheme::Light);
     studio.takeAll();
+    studio.takeListening();
     studio.takePreferences();
     studio.takePortrait();
     return 0;

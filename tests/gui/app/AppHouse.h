@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 #include "app/UserDefaults.h"
+#include "fakes/FakeAudioFilePlayer.h"
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeAudioHardware.h"
 #include "fakes/FakeClock.h"
@@ -64,6 +65,7 @@ struct AppHouse {
         platform.trash = std::make_unique<FreedesktopTrash>();
         platform.audioHardware = std::make_unique<FakeAudioHardware>();
         platform.recorderFactory = std::make_unique<NotingRecorderFactory>();
+        platform.player = std::make_unique<FakeAudioFilePlayer>();
         platform.mailTransport = std::make_unique<RecordingMailTransport>();
         platform.mailConnection = std::make_unique<FakeMailConnection>();
         platform.workspace = std::make_unique<FakeWorkspace>();

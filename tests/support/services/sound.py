@@ -134,6 +134,12 @@ class SoundServer:
         self._pactl("unload-module", source.module)
         self.sandbox.stop(source.reader)
 
+    def add_output(self, name):
+        """A loudspeaker that nobody hears; it becomes the default one."""
+        self._pactl("load-module", "module-null-sink", f"sink_name={name}", "rate=44100", "channels=1",
+                    "format=float32le")
+        wait_until(lambda: self._run("set-default-sink", name).returncode == 0, f"the output {name}")
+
     def set_default(self, name):
         """The person chooses another microphone."""
         self._pactl("set-default-source", name)
