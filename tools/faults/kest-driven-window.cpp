@@ -1,6 +1,7 @@
 // The main window over a real bus, with a recording that is there already; one command a line on standard input:
 //
-//     take                        a new window, and a recording in it      ->  taken
+//     take sending|showing        a new window, and a recording in it      ->  taken
+//     again                       another recording in the same window     ->  taken
 //     press script|own NAME       presses the control of that name         ->  a JSON object, see `pressed`
 //
 // Limits: a call 0.4 s, the start of a mail application 1 s.
@@ -46,27 +47,36 @@ private:
         const QString line = QString::fromUtf8(m_in.readLine().trimmed());
         if (line.isEmpty())
             return QCoreApplication::quit();
-        if (line == u"take"_s)
-            take();
+        if (line.startsWith(u"take "_s))
+            take(line == u"take sending"_s);
+        else if (line == u"again"_s)
+            again();
         else
             press(line.section(u' ', 1, 1) == u"script"_s, line.section(u' ', 2));
         m_input.setEnabled(true);
     }
 
-    void take()
+    void take(bool sending)
     {
         m_house.reset();
+        m_content.clear();
         m_mail = std::make_unique<DBusMailTransport>(
             DBusMailTransport::Limits{.answer = 400ms, .start = 1s, .startAgain = 1s});
         m_house = std::make_unique<WindowHouse>();
         m_house->otherMail = m_mail.get();
-        m_house->settings->setBool(true, SettingsKeys::bSendReplies);
+        m_house->settings->setBool(sending, SettingsKeys::bSendReplies);
         m_house->settings->setBool(true, SettingsKeys::bDeleteOriginals);
         m_house->openAndShow();
+        again();
+    }
+
+    void again()
+    {
+        m_house->clock.advance(60);
         m_house->click(u"Record"_s);
         m_house->click(u"Stop"_s);
-        m_content = recordings();
-        say("taken");
+        const QByteArray before = std::exchange(m_content, recordings());
+        say(m_content.size() > before.size() ? "taken" : "nothing taken");
     }
 
     void press(bool script, const QString &control)
@@ -94,7 +104,7 @@ private:
                                {u"alerts"_s, m_house->alerts.shown.size()},
                                {u"alert"_s, alert},
                                {u"busy"_s, controller.busy()},
-                               {u"enabled"_s, m_house->isEnabled(u"Reply"_s)},
+                               {u"enabled"_s, m_house->isEnabled(u"Record"_s)},
                                {u"recordingExists"_s, controller.recordingExists()},
                                {u"fileIntact"_s, recordings() == m_content}};
         say(QJsonDocument(told).toJson(QJsonDocument::Compact));

@@ -86,7 +86,9 @@ class Tree:
     def swaps(self):
         """Pairs to be exchanged while it is cleared: something in it, and a link that leads outside."""
         inside = [path for path in self.made if b"\xff" not in path]
-        chosen = self.chance.sample(inside, min(len(inside), self.chance.randint(1, 3)))
+        sampled = self.chance.sample(inside, min(len(inside), self.chance.randint(1, 3)))
+        # None below another: through that one's link the exchange itself would reach outside.
+        chosen = [path for path in sampled if not any(path.startswith(other + b"/") for other in sampled)]
         pairs = []
         for number, path in enumerate(chosen):
             link = self.staging + b"/%d" % number

@@ -62,7 +62,9 @@ class Scene:
     def record(self, number, seconds):
         self.file = self.root / "Recordings" / f"{number}.m4a"
         self.recorder.tell(f"record {self.file}")
-        self.recorder.wait("started")
+        while (news := self.recorder.news()) and news[1] != "started":
+            if news[1].startswith("trouble"):
+                raise RuntimeError(f"the recording does not begin: {news[1]}")
         self.recorder.wait_for_samples(int(seconds * RATE))
 
     # The faults. Each returns the trouble that is to be told, or none.

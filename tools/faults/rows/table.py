@@ -17,7 +17,7 @@ def machine():
 
 
 def line(row, seen):
-    outcome = "held" if not seen.failures else f"missed in {len(seen.failures)}"
+    outcome = "held" if not seen.failures else f"{len(seen.failures)} complaints"
     day = datetime.date.today().isoformat()
     return (f"| `{row.name}` | {row.fault} | {row.bar} | {seen.runs} | {seen.worst} | {seen.leftovers} | {outcome} "
             f"| {seen.seconds:.0f} s, {day} |")
