@@ -73,6 +73,12 @@ void VirtualOutput::listen()
         QTest::qFail("nothing can be heard of the output", __FILE__, __LINE__);
 }
 
+void VirtualOutput::forget()
+{
+    m_listener.readAll();
+    m_raw.clear();
+}
+
 std::vector<float> VirtualOutput::all()
 {
     m_raw += m_listener.readAll();

@@ -26,6 +26,9 @@ public:
     /// Begins to note what is heard, and waits until that works.
     void listen();
 
+    /// Begins anew: what was heard so far does not count.
+    void forget();
+
     /// What was heard since, without the silence before and behind; mono, at
     /// 44100 Hz.
     std::vector<float> heard();

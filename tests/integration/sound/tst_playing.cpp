@@ -37,20 +37,18 @@ private Q_SLOTS:
     void initTestCase()
     {
         tellSoundServer("force_rate", {{u"rate"_s, rate}});
+        m_output = std::make_unique<VirtualOutput>(u"kest_speaker"_s);
+        m_output->listen();
     }
 
     void init()
     {
-        m_output = std::make_unique<VirtualOutput>(u"kest_speaker"_s);
-        m_output->listen();
+        m_output->forget();
         m_bench = std::make_unique<PlayerBench>();
     }
 
-    void cleanup()
-    {
-        m_bench.reset();
-        m_output.reset();
-    }
+    void cleanup() { m_bench.reset(); }
+    void cleanupTestCase() { m_output.reset(); }
 
     void allOfItIsHeard()
     {
