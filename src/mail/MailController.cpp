@@ -47,12 +47,19 @@ void MailController::mailCreateMessageWithSubject(const QString &subject, const 
     if (!passesCheckPoint())
         return;
     const std::optional<Error> insertError = insertAttachments(withAttachments, message, insertionIndex);
-    message.setVisible(true);
-    m_mailApp->activate();
+    show(message);
     // A failed insert is told here although later events succeeded: else the person would send a message without its
     // recording and never know.
     if (passesCheckPoint() && insertError)
         m_alertPresenter.runModal(AlertContent::fromError(*insertError));
+}
+
+std::optional<Error> MailController::show(const OutgoingMessage &message)
+{
+    message.setVisible(true);
+    const std::optional<Error> failure = m_mailApp->lastError();
+    m_mailApp->activate();
+    return failure;
 }
 
 QList<Message> MailController::mailGetSelectedMessages()

@@ -77,12 +77,16 @@ private:
     OutgoingMessage madeMessage(const QString &subject, const QString &content);
 
     /// Sends the reply, or shows it. False, after an alert, when it could not be
-    /// sent.
+    /// sent or shown.
     bool deliver(const OutgoingMessage &reply, bool sending);
 
     /// Inserts them one after the other, whatever fails, and returns the last
     /// failure.
     std::optional<Error> insertAttachments(const QList<FileURL> &files, const OutgoingMessage &message, quint64 index);
+
+    /// Opens its window and brings the mail application forward; returns what
+    /// kept the window from opening.
+    std::optional<Error> show(const OutgoingMessage &message);
 
     /// False, after an alert, when the most recent event failed.
     bool passesCheckPoint();

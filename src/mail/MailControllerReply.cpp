@@ -124,9 +124,10 @@ bool MailController::deliver(const OutgoingMessage &reply, bool sending)
         reply.send();
         return passesCheckPoint();
     }
-    reply.setVisible(true);
-    m_mailApp->activate();
-    return true;
+    const std::optional<Error> failure = show(reply);
+    if (failure)
+        m_alertPresenter.runModal(AlertContent::fromError(*failure));
+    return !failure;
 }
 
 } // namespace kest

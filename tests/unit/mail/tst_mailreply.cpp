@@ -131,6 +131,16 @@ private Q_SLOTS:
                  (QStringList{u"OutgoingMessage.Visible"_s, u"Application.Activate"_s, u"Message.Delete"_s}));
     }
 
+    void originalIsKeptWhenTheReplyCannotBeShown()
+    {
+        m_fake.at(11, u"fail"_s, u"Failed No window today."_s);
+        reply({.deletingOriginal = true});
+        QCOMPARE(m_fake.log().last(), u"Application.Activate"_s);
+        QCOMPARE(m_fake.state()[u"deleted"].toArray().size(), 0);
+        QCOMPARE(m_alerts.shown.size(), 1);
+        QCOMPARE(m_alerts.shown[0].messageText, u"No window today."_s);
+    }
+
     void emptyListMakesAReplyWithoutAttachment()
     {
         m_mail->mailReplyToMessage(message(), u"Yes\n\n"_s, QList<FileURL>(), {}, 5);
