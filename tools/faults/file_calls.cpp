@@ -29,7 +29,8 @@ struct Control {
     std::atomic<unsigned> kinds;     ///< Which kinds count, a sum of `Kind`.
     std::atomic<unsigned> countdown; ///< The call at which it happens, 1 being the next; 0: never.
     std::atomic<unsigned> after;     ///< Not 0: once the call is done.
-    std::atomic<int> error;          ///< An errno value: this and all later calls fail so. 0: the process is killed.
+    /// An errno value: this and all later calls fail so. Below 0: they take so many milliseconds. 0: the process is killed.
+    std::atomic<int> error;
     std::atomic<unsigned> calls;     ///< How many counted calls there were.
     std::atomic<unsigned> failures;  ///< How many failed.
 };
@@ -89,7 +90,12 @@ auto called(Kind kind, bool counted, Work work) -> decltype(work())
     while (left > 1 && !shared->countdown.compare_exchange_weak(left, left - 1)) { }
     if (left != 1)
         return work();
-    if (const int error = shared->error.load()) {
+    const int error = shared->error.load();
+    if (error < 0) {
+        usleep(useconds_t(-error) * 1000);
+        return work();
+    }
+    if (error > 0) {
         shared->failures.fetch_add(1);
         errno = error;
         return -1;

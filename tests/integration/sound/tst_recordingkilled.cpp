@@ -4,8 +4,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
-#include <QTemporaryFile>
 #include <QTest>
 
 using namespace kest;
@@ -23,8 +23,10 @@ private Q_SLOTS:
     void atAnyCallOfItsBeginning_data();
     void atAnyCallOfItsBeginning();
     void withNothingButTheHeaderWritten();
+    void aSlowDiskKeepsNoSoundOutOfTheFile();
 
 private:
+    void start(QProcess &program, const QString &under, uint kinds, uint call, bool after, int error);
     void recordUntilKilledAt(const QString &under, uint kinds, uint call, bool after);
     void verifyNothingBesideSound();
     QStringList listed(const QString &folder) const;
@@ -46,14 +48,13 @@ QStringList RecordingKilledTest::listed(const QString &folder) const
 }
 
 /// See tools/faults/file_calls.cpp for the control file.
-void RecordingKilledTest::recordUntilKilledAt(const QString &under, uint kinds, uint call, bool after)
+void RecordingKilledTest::start(QProcess &program, const QString &under, uint kinds, uint call, bool after, int error)
 {
-    QTemporaryFile control;
-    QVERIFY(control.open());
-    const uint wanted[] = {kinds, call, after, 0, 0, 0};
+    QFile control(m_root->filePath(QStringLiteral("control")));
+    QVERIFY(control.open(QIODevice::WriteOnly));
+    const uint wanted[] = {kinds, call, after, uint(error), 0, 0};
     control.write(reinterpret_cast<const char *>(wanted), sizeof wanted);
-    control.flush();
-    QProcess program;
+    control.close();
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(KEST_FILE_CALLS_LIBRARY));
     environment.insert(QStringLiteral("KEST_FILE_CALLS"), control.fileName());
@@ -61,6 +62,12 @@ void RecordingKilledTest::recordUntilKilledAt(const QString &under, uint kinds, 
     program.setProcessEnvironment(environment);
     program.start(QCoreApplication::applicationDirPath() + QStringLiteral("/kest-test-recorder"),
                   {m_root->filePath(QStringLiteral("Recordings/message.m4a"))});
+}
+
+void RecordingKilledTest::recordUntilKilledAt(const QString &under, uint kinds, uint call, bool after)
+{
+    QProcess program;
+    start(program, under, kinds, call, after, 0);
     QVERIFY(program.waitForFinished(60'000));
     QCOMPARE(program.exitStatus(), QProcess::CrashExit);
 }
@@ -104,6 +111,20 @@ void RecordingKilledTest::withNothingButTheHeaderWritten()
              QList<QByteArray>({"ftyp", "moov"}));
     verifyNothingBesideSound();
     QCOMPARE(listed(QStringLiteral("Recordings")), QStringList());
+}
+
+void RecordingKilledTest::aSlowDiskKeepsNoSoundOutOfTheFile()
+{
+    constexpr uint syncs = 4;
+    constexpr int aMinute = 60'000;
+    QProcess program;
+    start(program, m_root->path(), syncs, 1, false, -aMinute);
+    const QString file = m_root->filePath(QStringLiteral("Recordings/message.m4a"));
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(file).size() > 4096, aMinute / 2);
+    program.kill();
+    program.waitForFinished();
+    verifyNothingBesideSound();
+    QVERIFY(probedSamples(FileURL::fromPath(file)) > 4410);
 }
 
 QTEST_GUILESS_MAIN(RecordingKilledTest)

@@ -6,7 +6,10 @@
 
 namespace kest {
 
-FileSyncer::FileSyncer(int file) : m_file(file), m_thread([this] { run(); }) { }
+FileSyncer::FileSyncer(int file, std::function<void()> first)
+    : m_file(file), m_first(std::move(first)), m_thread([this] { run(); })
+{
+}
 
 FileSyncer::~FileSyncer()
 {
@@ -20,6 +23,8 @@ FileSyncer::~FileSyncer()
 
 void FileSyncer::run()
 {
+    if (m_first)
+        m_first();
     std::unique_lock lock(m_mutex);
     while (!m_changed.wait_for(lock, std::chrono::seconds(1), [this] { return m_ended; })) {
         lock.unlock();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <functional>
 #include <mutex>
 #include <thread>
 
@@ -12,8 +13,9 @@ namespace kest {
 class FileSyncer
 {
 public:
-    /// `file` stays open for as long as this lives.
-    explicit FileSyncer(int file);
+    /// `file` stays open for as long as this lives. `first` is done before all
+    /// else, on the same thread.
+    explicit FileSyncer(int file, std::function<void()> first = {});
 
     /// Waits for a write to the disk that is under way.
     ~FileSyncer();
@@ -24,6 +26,7 @@ private:
     void run();
 
     const int m_file;
+    const std::function<void()> m_first;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     bool m_ended = false;

@@ -31,7 +31,11 @@ void RecordingJob::encode()
 {
     if (!openWriter())
         return;
-    const FileSyncer syncer(m_parts.file.descriptor());
+    // The note of this recording too: a disk that takes long for it must not keep sound out of the file.
+    const FileSyncer syncer(m_parts.file.descriptor(), [this] {
+        if (m_parts.entry)
+            m_parts.entry->sync();
+    });
     std::array<float, 4096> samples = {};
     while (!m_failed) {
         // Asked before the ring is read: what was captured before the end is in the ring then.

@@ -72,24 +72,19 @@ bool isAt(const Descriptor &file, const QByteArray &path)
         && opened.st_dev == there.st_dev;
 }
 
-enum class Safe { FromKilling, FromPowerCuts };
-
 /// Puts a file with this text at `path`, in place of any that is there, and
 /// gives it locked. Written under another name first: nobody must ever see it
 /// there unlocked or half written. Invalid when it cannot be done.
-Descriptor putLocked(const QByteArray &path, const QByteArray &text, Safe safe)
+Descriptor putLocked(const QByteArray &path, const QByteArray &text)
 {
     constexpr int tries = 3; // another process may take the other name for one left behind
     const qsizetype slash = path.lastIndexOf('/');
     for (int number = 0; number < tries; ++number) {
         const QByteArray hidden = path.left(slash + 1) + '.' + QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
         Descriptor file(open(hidden.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
-        if (lock(file) && writeAll(file.get(), text) && (safe == Safe::FromKilling || fsync(file.get()) == 0)
-            && rename(hidden.constData(), path.constData()) == 0) {
-            if (safe == Safe::FromPowerCuts)
-                syncFolder(path.left(slash));
+        if (lock(file) && writeAll(file.get(), text)
+            && rename(hidden.constData(), path.constData()) == 0)
             return file;
-        }
         unlink(hidden.constData());
     }
     return {};
@@ -129,14 +124,19 @@ qint64 RecordingJournal::Entry::writtenAt() const
 
 bool RecordingJournal::Entry::confirm(const RecordingFile &file)
 {
-    Descriptor written =
-        putLocked(m_path, toJson(file.url(), file.inode(), file.birthTime()), Safe::FromPowerCuts);
+    Descriptor written = putLocked(m_path, toJson(file.url(), file.inode(), file.birthTime()));
     if (!written.isValid())
         return false;
     m_lock = std::move(written);
     m_inode = file.inode();
     m_birthTime = file.birthTime();
     return true;
+}
+
+void RecordingJournal::Entry::sync() const
+{
+    fsync(m_lock.get());
+    syncFolder(m_path.left(m_path.lastIndexOf('/')));
 }
 
 std::unique_ptr<RecordingJournal::Entry> RecordingJournal::announce(const FileURL &file) const
@@ -146,7 +146,7 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::announce(const FileUR
     auto entry = std::make_unique<Entry>();
     entry->m_file = file;
     entry->m_path = m_folder + "/" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + ".json";
-    entry->m_lock = putLocked(entry->m_path, toJson(file, 0, 0), Safe::FromKilling);
+    entry->m_lock = putLocked(entry->m_path, toJson(file, 0, 0));
     return entry->m_lock.isValid() ? std::move(entry) : nullptr;
 }
 

@@ -36,10 +36,14 @@ public:
         /// The moment of the announcement, in nanoseconds since 1970.
         qint64 writtenAt() const;
 
-        /// The announced file is there: remembers what tells it from others, and
-        /// has it safe on the disk. False when that cannot be done; the recording
-        /// is then playable after a crash as ever, but stays unfinished.
+        /// The announced file is there: remembers what tells it from others. False
+        /// when that cannot be done; the recording is then playable after a crash
+        /// as ever, but stays unfinished.
         bool confirm(const RecordingFile &file);
+
+        /// Has what is remembered safe from power cuts. Takes as long as the disk
+        /// takes.
+        void sync() const;
 
         int ageInDays() const;
 
