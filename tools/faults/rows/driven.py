@@ -74,6 +74,13 @@ class Recorder:
                 return news
         raise ServiceError(f"the recorder ended before it said “{word}”")
 
+    def told_meanwhile(self):
+        """The words of the next line if there is one already; null when there is none."""
+        if b"\n" not in self.pending and not select.select([self.process.stdout], [], [], 0)[0]:
+            return None
+        news = self.news()
+        return news[1] if news else "the recorder ended"
+
     def samples(self):
         """How many samples the running recording has captured."""
         return struct.unpack_from("=q", self.counter)[0]

@@ -91,8 +91,8 @@ def record(context, hours):
     seen, points, first = Seen(runs=1), [], None
     goal = int(hours * 3600 * RATE)
     while recorder.samples() < goal:
-        if recorder.is_gone():
-            raise RuntimeError("the recorder ended")
+        if told := recorder.told_meanwhile():
+            raise RuntimeError(f"after {recorder.samples() / RATE / 3600:.2f} h: {told}")
         points.append((recorder.samples() / RATE / 3600, megabytes(recorder.process.pid)))
         first = first or descriptors(recorder.process.pid)
         time.sleep(max(0.05, min(2.0, hours * 10)))
