@@ -17,10 +17,10 @@ Q_LOGGING_CATEGORY(lcFolders, "kest.folders")
 
 struct FolderBookmarks::Folder {
     QString key;
-    QString missing;         // what to tell the person
-    QString missingReason;
-    QString notRetrieved;
-    QString notRetrievedReason;
+    const char *missing;         // what to tell the person
+    const char *missingReason;
+    const char *notRetrieved;
+    const char *notRetrievedReason;
 };
 
 FolderBookmarks::FolderBookmarks(UserDefaults &defaults, BookmarkStore &store) : m_defaults(defaults), m_store(store)
@@ -31,10 +31,12 @@ std::optional<FolderURL> FolderBookmarks::recordingsDirectoryURLWithError(Error 
 {
     static const Folder folder {
         SettingsKeys::dAudioRecordingFolder,
-        QStringLiteral("Stored recordings folder is missing or has been moved. You need to choose it again."),
-        QStringLiteral("Stored recordings folder is missing"),
-        QStringLiteral("Stored recordings folder could not be retrieved. You need to choose it again."),
-        QStringLiteral("Stored recordings folder could not be retrieved"),
+        QT_TRANSLATE_NOOP("kest",
+                          "Stored recordings folder is missing or has been moved. You need to choose it again."),
+        QT_TRANSLATE_NOOP("kest", "Stored recordings folder is missing"),
+        QT_TRANSLATE_NOOP("kest",
+                          "Stored recordings folder could not be retrieved. You need to choose it again."),
+        QT_TRANSLATE_NOOP("kest", "Stored recordings folder could not be retrieved"),
     };
     return lookUp(folder, error);
 }
@@ -43,10 +45,12 @@ std::optional<FolderURL> FolderBookmarks::attachmentsDirectoryURLWithError(Error
 {
     static const Folder folder {
         SettingsKeys::dAttachmentsFolder,
-        QStringLiteral("Stored optional attachments folder is missing or has been moved. You need to choose it again."),
-        QStringLiteral("Stored optional attachments folder is missing"),
-        QStringLiteral("Stored optional attachments folder could not be retrieved. You need to choose it again."),
-        QStringLiteral("Stored optional attachments folder could not be retrieved"),
+        QT_TRANSLATE_NOOP("kest",
+                          "Stored optional attachments folder is missing or has been moved. You need to choose it again."),
+        QT_TRANSLATE_NOOP("kest", "Stored optional attachments folder is missing"),
+        QT_TRANSLATE_NOOP("kest",
+                          "Stored optional attachments folder could not be retrieved. You need to choose it again."),
+        QT_TRANSLATE_NOOP("kest", "Stored optional attachments folder could not be retrieved"),
     };
     return lookUp(folder, error);
 }
@@ -55,14 +59,14 @@ std::optional<FolderURL> FolderBookmarks::lookUp(const Folder &folder, Error *er
 {
     const QVariant data = m_defaults.objectForKey(folder.key);
     if (!data.isValid()) {
-        handBack(error, { kestErrorDomain, FolderSettingMissing, localizedString(folder.missing),
-                          localizedString(folder.missingReason) });
+        handBack(error, { kestErrorDomain, FolderSettingMissing, localizedString(QString::fromUtf8(folder.missing)),
+                          localizedString(QString::fromUtf8(folder.missingReason)) });
         return {};
     }
     const auto resolved = m_store.resolveBookmarkData(data.toByteArray(), error);
     if (!resolved) {
-        handBack(error, { kestErrorDomain, BookmarkNotResolved, localizedString(folder.notRetrieved),
-                          localizedString(folder.notRetrievedReason) });
+        handBack(error, { kestErrorDomain, BookmarkNotResolved, localizedString(QString::fromUtf8(folder.notRetrieved)),
+                          localizedString(QString::fromUtf8(folder.notRetrievedReason)) });
         return {};
     }
     if (resolved->isStale)

@@ -1,5 +1,6 @@
 #include "app/AppDelegate.h"
 #include "app/Application.h"
+#include "app/Translations.h"
 #include "app/UserDefaults.h"
 #include "mail/ASMail.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -11,6 +12,7 @@
 #include "ui/Appearance.h"
 #include "ui/MainWindowController.h"
 
+#include <QLocale>
 #include <QStandardPaths>
 #include <QTimer>
 
@@ -90,5 +92,6 @@ int main(int argc, char **argv)
     QApplication::setApplicationName(QStringLiteral("Kest"));
     QApplication::setApplicationVersion(QStringLiteral(KEST_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("org.kest.Kest"));
+    installTranslations(QLocale::system().uiLanguages());
     return run(application, instance);
 }

@@ -71,9 +71,9 @@ bool MailController::mailVerifyAccountExists()
 {
     if (m_mailApp->accounts().count() > 0)
         return true;
-    showUnableToProceed(localized("No accounts were detected in Mail. You must have at least one account configured in "
-                                  "order to create messages or reply to messages. Please ensure that you have an "
-                                  "account configured, and try again."));
+    showUnableToProceed(localized(QT_TRANSLATE_NOOP(
+        "kest", "No accounts were detected in Mail. You must have at least one account configured in order to create "
+                "messages or reply to messages. Please ensure that you have an account configured, and try again.")));
     return false;
 }
 
@@ -81,7 +81,8 @@ bool MailController::mailVerifySelectedMessagesExist()
 {
     if (m_mailApp->selection().count() > 0)
         return true;
-    showUnableToProceed(localized("No messages appear to be selected in Mail. Please select a message and try again."));
+    showUnableToProceed(localized(QT_TRANSLATE_NOOP(
+        "kest", "No messages appear to be selected in Mail. Please select a message and try again.")));
     return false;
 }
 
@@ -117,8 +118,8 @@ bool MailController::passesCheckPoint()
 
 void MailController::showUnableToProceed(const QString &informativeText)
 {
-    m_alertPresenter.runModal(
-        {localized("Unable to Proceed"), informativeText, {localized("OK")}, AlertContent::Style::Warning});
+    m_alertPresenter.runModal({localized(QT_TRANSLATE_NOOP("kest", "Unable to Proceed")), informativeText,
+                               {localized(QT_TRANSLATE_NOOP("kest", "OK"))}, AlertContent::Style::Warning});
 }
 
 } // namespace kest

@@ -7,9 +7,12 @@
 #include "ui/Bindings.h"
 #include "ui/ListeningPanel.h"
 #include "ui/PreferencesWindowController.h"
+#include "ui/RecordingWarnings.h"
 #include "ui/WindowSizer.h"
+#include "ui/Wording.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/PullDownMenu.h"
+#include "ui/controls/ReadoutField.h"
 #include "ui_MainWindow.h"
 
 #include <QEvent>
@@ -26,6 +29,9 @@ const QString noTime = QStringLiteral("--:--");
 const QChar rightArrowFunctionKey(0xF703);
 const QChar leftArrowFunctionKey(0xF702);
 
+// The margins, the notice's picture, and the microphone's with its initials.
+constexpr int roomBesideNotice = 2 * 14 + 17 + 8 + 45;
+
 /// Stores, announces, and says whether anything changed.
 template <typename Value>
 bool replace(Value &stored, const Value &value)
@@ -34,6 +40,30 @@ bool replace(Value &stored, const Value &value)
         return false;
     stored = value;
     return true;
+}
+
+/// Of the troubles and warnings that the line for notices may have to say. Those with a name in them are shortened.
+int widestNotice(const QFontMetrics &metrics)
+{
+    QStringList notices{wordsForSilentRecording(), wordsFor(InputCondition::Silent, {}), wordsFor(InputCondition::Clipping, {}),
+                        wordsForSize(RecordingWarnings::sizes[0]), wordsForSize(RecordingWarnings::sizes[2])};
+    for (int trouble = 0; trouble <= static_cast<int>(RecordingTrouble::EncoderMissing); ++trouble)
+        notices << wordsFor(RecordingTrouble(trouble)) << wordsForNothingKept(RecordingTrouble(trouble));
+    int widest = 0;
+    for (const QString &notice : std::as_const(notices))
+        widest = qMax(widest, metrics.horizontalAdvance(notice));
+    return widest;
+}
+
+/// Some languages need more room than the layout file has. The heights never change.
+void widenForTexts(QWidget &window, const ReadoutField &noticeField, std::initializer_list<QWidget *> panels)
+{
+    int width = qMax(window.width(), widestNotice(noticeField.fontMetrics()) + roomBesideNotice);
+    for (const QWidget *panel : panels)
+        width = qMax(width, panel->minimumSizeHint().width());
+    for (QWidget *panel : panels)
+        panel->resize(width, panel->height());
+    window.resize(width, window.height());
 }
 
 /// Null until a window showed the sheet.
@@ -69,6 +99,7 @@ void MainWindowController::loadWindow()
     m_window->setWindowIcon(iconNamed(QStringLiteral("org.kest.Kest")));
     m_window->installEventFilter(this);
     applyFonts();
+    widenForTexts(*m_window, *m_ui->noticeField, {m_ui->controlPanel, m_ui->detailPanel});
     m_sizer = new WindowSizer(m_window.get(), this);
     connect(m_sizer, &WindowSizer::reached, this, &MainWindowController::hideCollapsedPart);
     m_listening = std::make_unique<ListeningPanel>(*m_ui, m_dependencies.player, m_dependencies.trash);

@@ -80,8 +80,11 @@ void PreferencesWindowController::alignLabels()
                                           QList<QLabel *>{m_ui->accountLabel, m_ui->backEndLabel,
                                                           m_ui->removeSavedLabel}}) {
         int width = 0;
-        for (const QLabel *label : column)
-            width = qMax(width, label->sizeHint().width());
+        for (const QLabel *label : column) {
+            // The marked letter of a joined script is drawn wider than Qt measures it.
+            const int joined = label->layoutDirection() == Qt::RightToLeft ? label->fontMetrics().averageCharWidth() : 0;
+            width = qMax(width, label->sizeHint().width() + joined);
+        }
         for (QLabel *label : column)
             label->setMinimumWidth(width);
     }

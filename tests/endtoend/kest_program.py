@@ -47,10 +47,11 @@ class KestProgram:
         with open(path, "w") as out:
             settings.write(out, space_around_delimiters=False)
 
-    def start(self, seconds=20, env=None):
+    def start(self, seconds=20, env=None, record="Record"):
+        """`record`: how the Record button is called, where it is not English."""
         self.process = self.sandbox.start("kest", [self.build / "bin" / "kest"], env=env)
         self.root = self.person.application("kest", seconds)
-        self.control("Record")
+        self.control(record)
 
     def control(self, name, seconds=10):
         return self.person.find(self.root, name, seconds=seconds)

@@ -1,11 +1,12 @@
 // Shows the window in one of its states and saves what it looks like:
 //
-//     screenshots FOLDER [light|dark]
+//     screenshots FOLDER [light|dark [LANGUAGE]]
 //
-// One picture per state, at the scale that QT_SCALE_FACTOR asks for; FONT_PIXELS in the environment sets the size of
+// LANGUAGE is "de", "pt_BR", … or "pseudo". One picture per state, at the scale that QT_SCALE_FACTOR asks for; FONT_PIXELS in the environment sets the size of
 // the desktop's font.
 
 #include "app/SettingsTable.h"
+#include "gui/Languages.h"
 #include "gui/WindowHouse.h"
 #include "ui/Appearance.h"
 #include "ui/controls/ReadoutField.h"
@@ -187,11 +188,13 @@ int main(int argc, char **argv)
         font.setPixelSize(pixels);
         QApplication::setFont(font);
     }
+    const QString language = argc > 3 ? QString::fromLocal8Bit(argv[3]) : QString();
+    const Speaking speaking(language);
     Studio studio;
     studio.folder = QDir(QString::fromLocal8Bit(argv[1]));
     studio.folder.mkpath(QStringLiteral("."));
     const bool dark = argc > 2 && qstrcmp(argv[2], "dark") == 0;
-    studio.suffix = dark ? QStringLiteral("-dark") : QString();
+    studio.suffix = (language.isEmpty() ? QString() : u'-' + language) + (dark ? QStringLiteral("-dark") : QString());
     applyColorScheme(dark ? ColorScheme::Dark : ColorScheme::Light);
     studio.takeAll();
     studio.takeListening();

@@ -30,9 +30,9 @@ ALLOWED = {
 
 
 def model_half(source):
-    """The files of the two libraries that are the model half of app, by their build file."""
+    """The files of the three libraries that are the model half of app, by their build file."""
     text = (source / "src/app/CMakeLists.txt").read_text()
-    listed = re.findall(r"kest_library\(kest_(?:settings|keep)\s+SOURCES(.*?)LINK", text, re.S)
+    listed = re.findall(r"kest_library\(kest_(?:settings|keep|translations)\s+SOURCES(.*?)LINK", text, re.S)
     return {f"app/{name}" for part in listed for name in part.split()}
 
 

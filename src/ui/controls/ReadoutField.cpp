@@ -9,6 +9,8 @@
 #include <QTextDocument>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace kest {
 
 namespace {
@@ -16,6 +18,19 @@ namespace {
 constexpr int glyphSize = 14;
 constexpr int iconGap = 3;
 const QString widestTime = QStringLiteral("00:00");
+
+bool isFromRightToLeft(QChar character)
+{
+    return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+}
+
+/// Names of files, sizes and paths run from left to right in every language; a sentence of a language that does not has its
+/// letters in it.
+Qt::LayoutDirection directionOf(const QString &text, Qt::LayoutDirection ofField)
+{
+    const bool isPath = text.startsWith(u'/') || text.startsWith(u'~');
+    return isPath || std::none_of(text.cbegin(), text.cend(), isFromRightToLeft) ? Qt::LeftToRight : ofField;
+}
 
 } // namespace
 
@@ -130,6 +145,7 @@ void ReadoutField::paintPlain()
         place.adjust(mirrored ? 0 : glyphSize + iconGap, 0, mirrored ? -glyphSize - iconGap : 0, 0);
     }
     painter.setPen(textColor());
+    painter.setLayoutDirection(directionOf(text(), layoutDirection()));
     const QString shown = m_elided ? fontMetrics().elidedText(text(), m_elideMode, place.width()) : text();
     painter.drawText(place, static_cast<int>(QStyle::visualAlignment(layoutDirection(), alignment())) | Qt::TextSingleLine,
                      shown);

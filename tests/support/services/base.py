@@ -48,7 +48,7 @@ class Sandbox:
     every process started here is ended by its id, last one first, and the folder is removed (kept when `keep`).
     """
 
-    INHERITED = ("PATH", "LANG", "KEST_BUILD_DIR", "KEST_SOURCE_DIR", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS",
+    INHERITED = ("PATH", "KEST_BUILD_DIR", "KEST_SOURCE_DIR", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS",
                  "LSAN_OPTIONS", "CI", "TERM")
 
     def __init__(self, root=None, keep=False):
@@ -62,8 +62,8 @@ class Sandbox:
             folder.mkdir(parents=True, exist_ok=True)
         self.runtime.chmod(0o700)
         self.env = {name: os.environ[name] for name in self.INHERITED if name in os.environ}
-        self.env.setdefault("LANG", "C.UTF-8")
         self.env.update(
+            LANG="C.UTF-8",  # Kest speaks the language of its environment; the tests look for its English names.
             HOME=str(self.home), XDG_RUNTIME_DIR=str(self.runtime),
             XDG_CONFIG_HOME=str(self.home / ".config"), XDG_DATA_HOME=str(self.home / ".local/share"),
             XDG_STATE_HOME=str(self.home / ".local/state"), XDG_CACHE_HOME=str(self.home / ".cache"),

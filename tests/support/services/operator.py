@@ -99,11 +99,15 @@ class Operator:
 
     def click_at_once(self, control):
         """As an impatient person does: whether it is enabled or not."""
-        box = control.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
+        box = self.place(control)
         if box.width <= 0 or box.height <= 0:
             raise ServiceError(f"“{control.name}” has no place on the screen")
         self.sandbox.run(["xdotool", "mousemove", box.x + box.width // 2, box.y + box.height // 2,
                           "click", "1"])
+
+    def place(self, control):
+        """Where it is on the screen: x, y, width, height."""
+        return control.queryComponent().getExtents(self.atspi.DESKTOP_COORDS)
 
     def key(self, combination, window=None):
         """Presses keys, for example "ctrl+Return", in the window that has the focus or in the given one."""

@@ -15,39 +15,44 @@ QString sentence(MailErrorCode code)
 {
     switch (code) {
     case MailErrorCode::NoSuchObject:
-        return localized("The message is no longer there.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The message is no longer there."));
     case MailErrorCode::InvalidArgument:
-        return localized("The mail application did not understand the request.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application did not understand the request."));
     case MailErrorCode::NotConnected:
-        return localized("Kest's add-on in the mail application does not answer. Check that it is installed and "
-                         "switched on, and try again.");
+        return localized(QT_TRANSLATE_NOOP(
+            "kest", "Kest's add-on in the mail application does not answer. Check that it is installed and "
+                    "switched on, and try again."));
     case MailErrorCode::Mismatch:
-        return localized("Kest and its add-on in the mail application are of different versions. Install the add-on "
-                         "that belongs to this version of Kest, and try again.");
+        return localized(QT_TRANSLATE_NOOP(
+            "kest", "Kest and its add-on in the mail application are of different versions. Install the add-on "
+                    "that belongs to this version of Kest, and try again."));
     case MailErrorCode::TimedOut:
-        return localized("The mail application did not answer in time.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application did not answer in time."));
     case MailErrorCode::Unsupported:
-        return localized("The mail application cannot do this.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application cannot do this."));
     case MailErrorCode::Failed:
-        return localized("The mail application could not do this.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application could not do this."));
     case MailErrorCode::Busy:
-        return localized("The mail application is still busy with the last request.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application is still busy with the last request."));
     case MailErrorCode::NoBus:
-        return localized("Kest cannot reach the mail application, because there is no session bus.");
+        return localized(QT_TRANSLATE_NOOP(
+            "kest", "Kest cannot reach the mail application, because there is no session bus."));
     case MailErrorCode::NoApplication:
-        return localized("No mail application could be started. Install Thunderbird and Kest's add-on for it, and try "
-                         "again.");
+        return localized(QT_TRANSLATE_NOOP(
+            "kest", "No mail application could be started. Install Thunderbird and Kest's add-on for it, and try "
+                    "again."));
     case MailErrorCode::NoAddOn:
-        return localized("The mail application does not answer Kest. Install Kest's add-on in it, and try again.");
+        return localized(QT_TRANSLATE_NOOP(
+            "kest", "The mail application does not answer Kest. Install Kest's add-on in it, and try again."));
     case MailErrorCode::Vanished:
     case MailErrorCode::NotDelivered:
-        return localized("The mail application went away before it was done.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application went away before it was done."));
     case MailErrorCode::Malformed:
-        return localized("The mail application's answer makes no sense to Kest.");
+        return localized(QT_TRANSLATE_NOOP("kest", "The mail application's answer makes no sense to Kest."));
     case MailErrorCode::Ending:
-        return localized("Kest is ending.");
+        return localized(QT_TRANSLATE_NOOP("kest", "Kest is ending."));
     case MailErrorCode::NotRunning:
-        return localized("No mail application is connected.");
+        return localized(QT_TRANSLATE_NOOP("kest", "No mail application is connected."));
     }
     return {};
 }

@@ -1,0 +1,206 @@
+#include "app/SettingsTable.h"
+#include "gui/CutTexts.h"
+#include "gui/Languages.h"
+#include "gui/WindowHouse.h"
+#include "ui/Wording.h"
+
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QtTest>
+
+using namespace kest;
+using namespace kest::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QStringList languages{u"ar"_s, u"de"_s, u"es"_s, u"fr"_s, u"ja"_s, u"pt_BR"_s, u"zh_CN"_s, pseudoLanguage};
+
+} // namespace
+
+/// The window and its sheet in every language, and in one whose texts are longer than those of any.
+class TestLanguages : public QObject
+{
+    Q_OBJECT
+
+private:
+    std::unique_ptr<Speaking> m_speaking;
+    std::unique_ptr<WindowHouse> m_house;
+
+    void begin(const QString &language)
+    {
+        m_speaking = std::make_unique<Speaking>(language);
+        m_house = std::make_unique<WindowHouse>();
+        m_house->openAndShow();
+        m_house->controller->inputNameField()->setText(u"BM"_s);
+    }
+
+    QWidget *window() { return m_house->controller->window(); }
+    template <typename Widget = QWidget> Widget *named(const QString &objectName)
+    {
+        return window()->findChild<Widget *>(objectName);
+    }
+
+    /// Whether the notice is shown as a whole.
+    bool showsWholeNotice()
+    {
+        const auto *notice = named<ReadoutField>(u"noticeField"_s);
+        return notice->sizeHint().width() <= notice->width();
+    }
+
+    /// What is cut in the window as it is, or what its notice loses.
+    QString cutNow()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        QStringList cut = cutTexts(*window());
+        if (!showsWholeNotice())
+            cut.append(m_house->notice());
+        return cut.join(u'\n');
+    }
+
+    static void addLanguages()
+    {
+        QTest::addColumn<QString>("language");
+        for (const QString &language : languages)
+            QTest::newRow(qPrintable(language)) << language;
+    }
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        m_house.reset();
+        m_speaking.reset();
+    }
+
+    void theWindowCutsNothing_data() { addLanguages(); }
+
+    void theWindowCutsNothing()
+    {
+        QFETCH(QString, language);
+        begin(language);
+        QVERIFY(m_house->find<QAbstractButton>(u"Reply All"_s)->text() != u"Reply All"_s);
+        QCOMPARE(window()->height(), 141);
+        QCOMPARE(cutNow(), QString());
+        m_house->record();
+        QCOMPARE(cutNow(), QString());
+        m_house->controller->audioRecordingPauseResume();
+        QCOMPARE(cutNow(), QString());
+        m_house->controller->audioRecordingStop();
+        QCOMPARE(cutNow(), QString());
+        Q_EMIT m_house->mail.mailApplicationAppeared(u"Thunderbird"_s);
+        m_house->controller->windowToggleExpanded();
+        QTRY_COMPARE(window()->height(), 321);
+        QCOMPARE(cutNow(), QString());
+        Q_EMIT m_house->mail.mailApplicationVanished();
+        QCOMPARE(cutNow(), QString());
+    }
+
+    void theSheetCutsNothing_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<int>("pixels");
+        for (const QString &language : languages) {
+            for (const int pixels : {13, 20})
+                QTest::addRow("%ls %d", qUtf16Printable(language), pixels) << language << pixels;
+        }
+    }
+
+    void theSheetCutsNothing()
+    {
+        QFETCH(QString, language);
+        QFETCH(int, pixels);
+        const QFont before = QApplication::font();
+        QFont font = before;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+        const auto restore = qScopeGuard([&] { QApplication::setFont(before); });
+        begin(language);
+        const QDialog *sheet = m_house->openPreferences();
+        QVERIFY2(sheet->width() <= sheet->screen()->availableSize().width(), qPrintable(QString::number(sheet->width())));
+        QVERIFY(!sheet->findChild<QScrollArea *>()->horizontalScrollBar()->isVisible());
+        QCOMPARE(cutTexts(*sheet).join(u'\n'), QString());
+    }
+
+    void troublesAndWarningsFitTheirLine_data() { addLanguages(); }
+
+    void troublesAndWarningsFitTheirLine()
+    {
+        QFETCH(QString, language);
+        begin(language);
+        QStringList words{wordsForSilentRecording(), wordsForSize(5'000'000), wordsForSize(18'000'000),
+                          wordsFor(InputCondition::Silent, {}), wordsFor(InputCondition::Clipping, {})};
+        for (int trouble = 0; trouble <= static_cast<int>(RecordingTrouble::EncoderMissing); ++trouble)
+            words << wordsFor(RecordingTrouble(trouble)) << wordsForNothingKept(RecordingTrouble(trouble));
+        QStringList tooLong;
+        for (const QString &each : std::as_const(words)) {
+            m_house->controller->notices().tell(NoticePlace::Subject::Recording, each);
+            QVERIFY(!each.isEmpty());
+            QCOMPARE(m_house->notice(), each);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+            if (!showsWholeNotice())
+                tooLong.append(each);
+        }
+        QCOMPARE(tooLong.join(u'\n'), QString());
+    }
+
+    void accessibleNamesAreTranslatedToo()
+    {
+        begin(u"de"_s);
+        QCOMPARE(named(u"replyAllButton"_s)->accessibleName(), u"Allen antworten"_s);
+        QCOMPARE(named(u"pauseResumeButton"_s)->accessibleName(), u"Pause"_s);
+        m_house->record();
+        m_house->controller->audioRecordingPauseResume();
+        QCOMPARE(named(u"pauseResumeButton"_s)->accessibleName(), u"Fortsetzen"_s);
+    }
+
+    void aLetterOfTheLabelReachesItsControl()
+    {
+        begin(u"de"_s);
+        QDialog *sheet = m_house->openPreferences();
+        QTest::keyClick(sheet, Qt::Key_W, Qt::AltModifier);
+        QCOMPARE(sheet->focusWidget()->objectName(), u"replyText"_s);
+        QTest::keyClick(sheet, Qt::Key_S, Qt::AltModifier);
+        QTRY_VERIFY(!sheet->isVisible());
+    }
+
+    void whatThePersonSendsStaysAsItIs()
+    {
+        begin(u"de"_s);
+        QCOMPARE(m_house->settings->objectForKey(SettingsKeys::tNewMessageSubject).toString(),
+                 u"A voice email from (your name here)"_s);
+        QVERIFY(m_house->settings->objectForKey(SettingsKeys::tReplyBody).toString().startsWith(u"Dear friend,"_s));
+    }
+
+    void arabicIsLaidOutFromTheRight()
+    {
+        begin(u"ar"_s);
+        const auto left = [&](const QString &name) { return named(name)->mapTo(window(), QPoint()).x(); };
+        QVERIFY(left(u"recordButton"_s) > left(u"timeField"_s));
+        QVERIFY(left(u"timeField"_s) > left(u"stopButton"_s));
+        QVERIFY(left(u"stopButton"_s) > left(u"preferencesButton"_s));
+        QVERIFY(left(u"newMessageButton"_s) > left(u"replyButton"_s));
+        QVERIFY(left(u"replyButton"_s) > left(u"replyAllButton"_s));
+        QVERIFY(left(u"replyAllButton"_s) > left(u"disclosureTriangle"_s));
+    }
+
+    void inArabicTimeAndLevelStillGoFromLeftToRight()
+    {
+        begin(u"ar"_s);
+        m_house->record();
+        m_house->clock.advance(61.0);
+        m_house->recorders.last()->setCurrentTime(61.0);
+        m_house->recorders.last()->setAveragePower(0, -35.0F); // half of the bar
+        m_house->controller->audioRecordingUpdateTimeWithTimer();
+        QCOMPARE(m_house->controller->timeField()->text(), u"01:01"_s);
+        const QImage arabic = m_house->controller->timeField()->grab().toImage();
+        const QImage bar = named(u"levelsView"_s)->grab().toImage();
+        QVERIFY(bar.pixelColor(bar.width() / 4, bar.height() / 2) != bar.pixelColor(bar.width() * 3 / 4, bar.height() / 2));
+        QVERIFY(bar.pixelColor(bar.width() / 4, bar.height() / 2).saturation() > 50); // lit on the left
+        // The same digits stand at the same places as from left to right.
+        m_house->controller->timeField()->setLayoutDirection(Qt::LeftToRight);
+        QCOMPARE(arabic, m_house->controller->timeField()->grab().toImage());
+    }
+};
+
+QTEST_MAIN(TestLanguages)
+#include "tst_languages.moc"
