@@ -1,5 +1,7 @@
 #include "app/SettingsFile.h"
 
+#include "platform/FileDescriptor.h"
+
 #include <QDateTime>
 #include <QDeadlineTimer>
 
@@ -21,19 +23,6 @@ using namespace std::chrono_literals;
 
 constexpr auto lockWait = 250ms;
 constexpr qint64 largestFile = 16 << 20; // far above any settings; bounds what a wrong file can cost
-
-class Descriptor
-{
-public:
-    explicit Descriptor(int fd) : m_fd(fd) {}
-    ~Descriptor() { if (m_fd >= 0) ::close(m_fd); }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-    int get() const { return m_fd; }
-    bool isOpen() const { return m_fd >= 0; }
-
-private:
-    int m_fd = -1;
-};
 
 QByteArray folderOf(const QByteArray &path)
 {
@@ -90,13 +79,13 @@ mode_t modeOf(const QByteArray &path)
 
 bool writeSynchronised(const QByteArray &path, const QByteArray &bytes, mode_t mode)
 {
-    const Descriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
+    const FileDescriptor file(::open(path.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, 0600));
     return file.isOpen() && ::fchmod(file.get(), mode) == 0 && writeAll(file.get(), bytes) && ::fsync(file.get()) == 0;
 }
 
 std::optional<QByteArray> readAll(const QByteArray &path)
 {
-    const Descriptor file(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const FileDescriptor file(::open(path.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     if (!file.isOpen())
         return {};
     QByteArray bytes;
@@ -151,7 +140,7 @@ std::optional<SettingsMap> SettingsFile::update(const std::function<void(Setting
     };
     if (!makeFolder(folder))
         return fail(errno);
-    const Descriptor lock(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor lock(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!lock.isOpen() || !lockFolder(lock.get()))
         return fail(errno);
     Contents contents = read();
@@ -177,7 +166,7 @@ bool SettingsFile::write(const QByteArray &text, Error *error) const
         ::unlink(temporary.constData());
         return false;
     }
-    const Descriptor folder(::open(folderOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(::open(folderOf(path).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (folder.isOpen())
         ::fsync(folder.get()); // the new name is there either way; a failure here changes nothing that we could mend
     return true;

@@ -1,6 +1,7 @@
 #include "mail/PlainText.h"
 
 #include "platform/BoundedLookUps.h"
+#include "platform/FileDescriptor.h"
 
 #include <QCoreApplication>
 #include <QStringDecoder>
@@ -89,17 +90,6 @@ Error wordsFor(int errorNumber)
     return errorNumber == EFBIG ? tooLargeError() : readError(errorNumber);
 }
 
-struct Descriptor {
-    explicit Descriptor(int descriptor) : number(descriptor) { }
-    ~Descriptor()
-    {
-        if (number >= 0)
-            ::close(number);
-    }
-    Q_DISABLE_COPY_MOVE(Descriptor)
-    const int number;
-};
-
 // 0 for a regular file that is not too large, else why not, as an errno.
 int refusal(int descriptor)
 {
@@ -115,13 +105,13 @@ BoundedLookUps::Outcome<QByteArray> contentsOf(const QByteArray &path)
 {
     // Not blocking, because the name may be a pipe's or a device's; not following, because it may be a link's by now, to
     // a file that nobody chose.
-    const Descriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
-    if (const int reason = refusal(file.number))
+    const FileDescriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
+    if (const int reason = refusal(file.get()))
         return {{}, reason};
     QByteArray bytes;
     char block[65536];
     ssize_t count = 0;
-    while ((count = ::read(file.number, block, sizeof block)) > 0) {
+    while ((count = ::read(file.get(), block, sizeof block)) > 0) {
         bytes.append(block, count);
         if (bytes.size() > largestTextFile) // it grew meanwhile
             return {{}, EFBIG};

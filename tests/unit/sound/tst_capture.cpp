@@ -220,8 +220,8 @@ void CaptureTest::unreadableFileIsNotTakenForFinished()
     QTemporaryFile file;
     QVERIFY(file.open());
     QVERIFY(isFragmented(file.handle()) == std::optional(false)); // it is empty
-    const Descriptor writeOnly(open(QFile::encodeName(file.fileName()).constData(), O_WRONLY | O_CLOEXEC));
-    QVERIFY(writeOnly.isValid());
+    const FileDescriptor writeOnly(open(QFile::encodeName(file.fileName()).constData(), O_WRONLY | O_CLOEXEC));
+    QVERIFY(writeOnly.isOpen());
     QVERIFY(!isFragmented(writeOnly.get()).has_value());
 }
 

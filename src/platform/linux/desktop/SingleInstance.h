@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/linux/desktop/FileDescriptor.h"
+#include "platform/FileDescriptor.h"
 
 #include <QObject>
 #include <QVariantMap>

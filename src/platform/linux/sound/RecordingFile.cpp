@@ -36,12 +36,12 @@ QByteArray numberedName(const QByteArray &name, int number)
     return dot > 0 ? name.left(dot) + suffix + name.mid(dot) : name + suffix;
 }
 
-Descriptor openFolder(const QByteArray &path)
+FileDescriptor openFolder(const QByteArray &path)
 {
-    return Descriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    return FileDescriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
 }
 
-bool isTaken(const Descriptor &folder, const QByteArray &name)
+bool isTaken(const FileDescriptor &folder, const QByteArray &name)
 {
     struct stat status = {};
     return fstatat(folder.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
@@ -49,25 +49,13 @@ bool isTaken(const Descriptor &folder, const QByteArray &name)
 
 } // namespace
 
-Descriptor::~Descriptor()
-{
-    if (m_number >= 0)
-        close(m_number);
-}
-
-Descriptor &Descriptor::operator=(Descriptor &&other) noexcept
-{
-    std::swap(m_number, other.m_number);
-    return *this;
-}
-
 std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFailure *failure,
                                                    const std::function<void(const FileURL &file)> &announce)
 {
     RecordingFile made;
     made.m_folder = openFolder(wanted.deletingLastPathComponent().nativePath());
     const QByteArray wantedName = wanted.nativeLastPathComponent();
-    for (int number = 1; made.m_folder.isValid() && !made.m_file.isValid() && number <= mostNames; ++number) {
+    for (int number = 1; made.m_folder.isOpen() && !made.m_file.isOpen() && number <= mostNames; ++number) {
         made.m_name = numberedName(wantedName, number);
         if (isTaken(made.m_folder, made.m_name)) {
             errno = EEXIST;
@@ -76,13 +64,13 @@ std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFa
         made.m_url = wanted.deletingLastPathComponent().appendingNativePathComponent(made.m_name);
         if (announce)
             announce(made.m_url);
-        made.m_file = Descriptor(
+        made.m_file = FileDescriptor(
             openat(made.m_folder.get(), made.m_name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, fileMode));
-        if (!made.m_file.isValid() && errno != EEXIST)
+        if (!made.m_file.isOpen() && errno != EEXIST)
             break;
     }
     struct stat status = {};
-    if (!made.m_file.isValid() || fstat(made.m_file.get(), &status) < 0) {
+    if (!made.m_file.isOpen() || fstat(made.m_file.get(), &status) < 0) {
         *failure = FileFailure::fromErrno(errno);
         return std::nullopt;
     }
@@ -98,11 +86,11 @@ std::optional<RecordingFile> RecordingFile::open(const FileURL &file, FileFailur
     opened.m_url = file;
     opened.m_name = file.nativeLastPathComponent();
     opened.m_folder = openFolder(file.deletingLastPathComponent().nativePath());
-    if (opened.m_folder.isValid())
-        opened.m_file = Descriptor(openat(opened.m_folder.get(), opened.m_name.constData(),
+    if (opened.m_folder.isOpen())
+        opened.m_file = FileDescriptor(openat(opened.m_folder.get(), opened.m_name.constData(),
                                           O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
     struct stat status = {};
-    if (!opened.m_file.isValid() || fstat(opened.m_file.get(), &status) < 0) {
+    if (!opened.m_file.isOpen() || fstat(opened.m_file.get(), &status) < 0) {
         *failure = FileFailure::fromErrno(errno);
         return std::nullopt;
     }
@@ -171,8 +159,8 @@ bool RecordingFile::locate()
     m_url = found;
     if (isHere())
         return true;
-    Descriptor folder = openFolder(found.deletingLastPathComponent().nativePath());
-    if (!folder.isValid())
+    FileDescriptor folder = openFolder(found.deletingLastPathComponent().nativePath());
+    if (!folder.isOpen())
         return false;
     m_folder = std::move(folder);
     m_name = found.nativeLastPathComponent();
@@ -185,16 +173,16 @@ QByteArray RecordingFile::replacementName() const
     return ".kest-" + QByteArray::number(m_inode) + ".finishing";
 }
 
-Descriptor RecordingFile::createReplacement(FileFailure *failure)
+FileDescriptor RecordingFile::createReplacement(FileFailure *failure)
 {
-    Descriptor made(openat(m_folder.get(), replacementName().constData(),
+    FileDescriptor made(openat(m_folder.get(), replacementName().constData(),
                            O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, fileMode));
-    if (!made.isValid())
+    if (!made.isOpen())
         *failure = FileFailure::fromErrno(errno);
     return made;
 }
 
-std::optional<FileFailure> RecordingFile::replace(const Descriptor &replacement)
+std::optional<FileFailure> RecordingFile::replace(const FileDescriptor &replacement)
 {
     struct stat status = {};
     fstat(m_file.get(), &status);

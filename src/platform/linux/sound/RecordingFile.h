@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileDescriptor.h"
 #include "platform/FileURL.h"
 #include "platform/linux/sound/FileFailure.h"
 
@@ -7,26 +8,8 @@
 
 #include <functional>
 #include <optional>
-#include <utility>
 
 namespace kest {
-
-/// An owned file descriptor.
-class Descriptor
-{
-public:
-    Descriptor() = default;
-    explicit Descriptor(int number) : m_number(number) { }
-    ~Descriptor();
-    Descriptor(Descriptor &&other) noexcept : m_number(std::exchange(other.m_number, -1)) { }
-    Descriptor &operator=(Descriptor &&other) noexcept;
-
-    int get() const { return m_number; }
-    bool isValid() const { return m_number >= 0; }
-
-private:
-    int m_number = -1;
-};
 
 /// The file of one recording, held open with its folder, so that it stays the
 /// same file while folders are moved or renamed under it.
@@ -65,11 +48,11 @@ public:
     bool locate();
 
     /// After `locate`: a hidden new file beside this one, to be put in its place.
-    Descriptor createReplacement(FileFailure *failure);
+    FileDescriptor createReplacement(FileFailure *failure);
 
     /// Puts the written replacement in place of this file, so that at every
     /// moment, power cuts included, one of the two is there whole.
-    std::optional<FileFailure> replace(const Descriptor &replacement);
+    std::optional<FileFailure> replace(const FileDescriptor &replacement);
 
     void removeReplacement();
 
@@ -90,8 +73,8 @@ private:
     QByteArray replacementName() const;
 
     FileURL m_url;
-    Descriptor m_folder;
-    Descriptor m_file;
+    FileDescriptor m_folder;
+    FileDescriptor m_file;
     QByteArray m_name;
     quint64 m_device = 0;
     quint64 m_inode = 0;

@@ -49,8 +49,8 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qi
     if (!file.locate())
         return FileFailure::fromErrno(ENOENT);
     FileFailure failure;
-    const Descriptor replacement = file.createReplacement(&failure);
-    if (!replacement.isValid())
+    const FileDescriptor replacement = file.createReplacement(&failure);
+    if (!replacement.isOpen())
         return failure;
     auto failed = copyAsFinished(file.descriptor(), replacement.get(), sampleCount);
     if (!failed)

@@ -55,17 +55,17 @@ bool isOurs(int file)
 
 void syncFolder(const QByteArray &path)
 {
-    const Descriptor folder(open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const FileDescriptor folder(open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     fsync(folder.get());
 }
 
-bool lock(const Descriptor &file)
+bool lock(const FileDescriptor &file)
 {
-    return file.isValid() && flock(file.get(), LOCK_EX | LOCK_NB) == 0;
+    return file.isOpen() && flock(file.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
 /// False when another file took its place meanwhile.
-bool isAt(const Descriptor &file, const QByteArray &path)
+bool isAt(const FileDescriptor &file, const QByteArray &path)
 {
     struct stat opened = {}, there = {};
     return fstat(file.get(), &opened) == 0 && lstat(path.constData(), &there) == 0 && opened.st_ino == there.st_ino
@@ -75,13 +75,13 @@ bool isAt(const Descriptor &file, const QByteArray &path)
 /// Puts a file with this text at `path`, in place of any that is there, and
 /// gives it locked. Written under another name first: nobody must ever see it
 /// there unlocked or half written. Invalid when it cannot be done.
-Descriptor putLocked(const QByteArray &path, const QByteArray &text)
+FileDescriptor putLocked(const QByteArray &path, const QByteArray &text)
 {
     constexpr int tries = 3; // another process may take the other name for one left behind
     const qsizetype slash = path.lastIndexOf('/');
     for (int number = 0; number < tries; ++number) {
         const QByteArray hidden = path.left(slash + 1) + '.' + QUuid::createUuid().toByteArray(QUuid::WithoutBraces);
-        Descriptor file(open(hidden.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+        FileDescriptor file(open(hidden.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
         if (lock(file) && writeAll(file.get(), text)
             && rename(hidden.constData(), path.constData()) == 0)
             return file;
@@ -103,7 +103,7 @@ int RecordingJournal::Entry::ageInDays() const
 void RecordingJournal::Entry::done()
 {
     unlink(m_path.constData());
-    m_lock = Descriptor();
+    m_lock = FileDescriptor();
 }
 
 QByteArray RecordingJournal::defaultFolder()
@@ -124,8 +124,8 @@ qint64 RecordingJournal::Entry::writtenAt() const
 
 bool RecordingJournal::Entry::confirm(const RecordingFile &file)
 {
-    Descriptor written = putLocked(m_path, toJson(file.url(), file.inode(), file.birthTime()));
-    if (!written.isValid())
+    FileDescriptor written = putLocked(m_path, toJson(file.url(), file.inode(), file.birthTime()));
+    if (!written.isOpen())
         return false;
     m_lock = std::move(written);
     m_inode = file.inode();
@@ -147,7 +147,7 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::announce(const FileUR
     entry->m_file = file;
     entry->m_path = m_folder + "/" + QUuid::createUuid().toByteArray(QUuid::WithoutBraces) + ".json";
     entry->m_lock = putLocked(entry->m_path, toJson(file, 0, 0));
-    return entry->m_lock.isValid() ? std::move(entry) : nullptr;
+    return entry->m_lock.isOpen() ? std::move(entry) : nullptr;
 }
 
 std::vector<std::unique_ptr<RecordingJournal::Entry>> RecordingJournal::interrupted() const
@@ -168,7 +168,7 @@ void RecordingJournal::removeHalfWritten() const
     for (const QString &name : names) {
         const QByteArray path = m_folder + "/" + QFile::encodeName(name);
         // Whoever is writing it holds its lock.
-        if (lock(Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW))))
+        if (lock(FileDescriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW))))
             unlink(path.constData());
     }
 }
@@ -177,8 +177,8 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::take(const QByteArray
 {
     auto entry = std::make_unique<Entry>();
     entry->m_path = path;
-    entry->m_lock = Descriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
-    if (!entry->m_lock.isValid() || !isOurs(entry->m_lock.get()))
+    entry->m_lock = FileDescriptor(open(path.constData(), O_RDWR | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+    if (!entry->m_lock.isOpen() || !isOurs(entry->m_lock.get()))
         return nullptr;
     if (!lock(entry->m_lock) || !isAt(entry->m_lock, path))
         return nullptr; // another process is at it

@@ -56,7 +56,7 @@ public:
         quint64 m_inode = 0;
         qint64 m_birthTime = 0;
         QByteArray m_path;
-        Descriptor m_lock;
+        FileDescriptor m_lock;
     };
 
     /// `folder` (native path) is made when the first entry is.
