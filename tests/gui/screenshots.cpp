@@ -104,6 +104,7 @@ struct Studio {
     /// The place to listen, in all its states.
     void takeListening()
     {
+        connectMail();
         house.controller->windowToggleExpanded();
         take(QStringLiteral("listening-none"));
         recordToTheEnd(47.2);
@@ -117,7 +118,7 @@ struct Studio {
         take(QStringLiteral("listening-focus"));
         house.controller->window()->setLayoutDirection(Qt::RightToLeft);
         take(QStringLiteral("listening-right-to-left"));
-        house.controller->window()->setLayoutDirection(Qt::LeftToRight);
+        house.controller->window()->unsetLayoutDirection();
         house.player.fail(PlaybackTrouble::OutputLost);
         take(QStringLiteral("listening-trouble"));
         house.controller->mailComposeNewMessage();
@@ -131,7 +132,7 @@ struct Studio {
         house.controller->windowToggleExpanded();
     }
 
-    /// The one for the front page: recording, with all that the window tells.
+    /// The one for the front page: a recording that is listened to before it is sent.
     void takePortrait()
     {
         house.delegate.recordings = FileURL::fromPath(QDir::homePath() + QStringLiteral("/Music/Kest"));
@@ -140,7 +141,9 @@ struct Studio {
         house.openAndShow();
         house.controller->inputNameField()->setText(QStringLiteral("BM"));
         connectMail();
-        record();
+        recordToTheEnd(47.2);
+        house.player.play();
+        house.player.setPosition(18.6);
         take(QStringLiteral("portrait"));
     }
 

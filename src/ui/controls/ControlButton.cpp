@@ -31,6 +31,12 @@ QColor translucent(QColor color, double amount)
     return color;
 }
 
+/// Arrows along a line of text turn with the direction of reading. Playing does not, as time does not.
+bool pointsAlongTheText(const QString &image)
+{
+    return image.startsWith(u"reply") || image.startsWith(u"disclosure-closed") || image == u"undo";
+}
+
 } // namespace
 
 ControlButton::ControlButton(QWidget *parent)
@@ -152,8 +158,13 @@ void ControlButton::paintContents(QPainter &painter) const
     const int left = (width() - extraSize().width() - imageWidth - textSize) / 2;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     if (!image.isEmpty()) {
-        const int x = mirrored ? width() - left - glyphSize : left;
-        paintIconNamed(painter, QRectF(x, (height() - glyphSize) / 2.0, glyphSize, glyphSize), image, inkColor());
+        const QPointF middle(mirrored ? width() - left - glyphSize / 2.0 : left + glyphSize / 2.0, height() / 2.0);
+        const QTransform before = painter.transform();
+        painter.translate(middle);
+        if (mirrored && pointsAlongTheText(image))
+            painter.scale(-1, 1);
+        paintIconNamed(painter, QRectF(-glyphSize / 2.0, -glyphSize / 2.0, glyphSize, glyphSize), image, inkColor());
+        painter.setTransform(before);
     }
     painter.setPen(inkColor());
     const int textLeft = mirrored ? width() - left - imageWidth - textSize : left + imageWidth;

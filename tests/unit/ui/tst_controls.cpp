@@ -63,6 +63,30 @@ private Q_SLOTS:
         QCOMPARE(button.shortcut(), QKeySequence(Qt::ALT | Qt::Key_C));
     }
 
+    void arrowsTurnWithTheDirectionOfReading_data()
+    {
+        QTest::addColumn<QString>("image");
+        QTest::addColumn<bool>("turns");
+        QTest::newRow("reply") << QStringLiteral("reply") << true;
+        QTest::newRow("reply all") << QStringLiteral("reply-all") << true;
+        QTest::newRow("show more") << QStringLiteral("disclosure-closed") << true;
+        QTest::newRow("undo") << QStringLiteral("undo") << true;
+        QTest::newRow("play") << QStringLiteral("resume") << false;
+    }
+
+    void arrowsTurnWithTheDirectionOfReading()
+    {
+        QFETCH(QString, image);
+        const auto picture = [&image](Qt::LayoutDirection direction) {
+            ControlButton button;
+            button.setLayoutDirection(direction);
+            button.setImage(image);
+            button.resize(38, 38);
+            return button.grab().toImage();
+        };
+        QTEST(picture(Qt::RightToLeft) != picture(Qt::LeftToRight), "turns");
+    }
+
     void theTooltipShowsTheKeys()
     {
         ControlButton button;
