@@ -1,7 +1,9 @@
 #!/usr/bin/python3
 """Runs every measurement, and writes docs/benchmarks.md.
 
-    bench/all.py [NAME...]      all of them take about an hour; with names ("start"), only those are renewed
+    bench/all.py [NAME...] [-- ARGUMENTS]
+
+All of them take about an hour; with names ("start"), only those are renewed, with other arguments than usual if told.
 
 Each is a program of its own in this folder and says there what it measures and how. Nothing else should run meanwhile.
 """
@@ -20,7 +22,7 @@ page = top / "docs/benchmarks.md"
 PARTS = {
     "start": ("From the start to the window", []),
     "beside": ("A recording in four programs", []),
-    "recording": ("The recorder alone", ["--hour"]),
+    "recording": ("The recorder alone", []),
     "speech": ("What speech becomes", []),
     "finishing": ("From Stop to the finished file", []),
     "compose": ("From the click to the compose window", []),
@@ -62,14 +64,16 @@ def old_parts():
 
 
 def main():
-    names = sys.argv[1:] or list(PARTS)
+    words = sys.argv[1:]
+    end = words.index("--") if "--" in words else len(words)
+    names, others = words[:end] or list(PARTS), words[end + 1:]
     unknown = [name for name in names if name not in PARTS]
     if unknown:
         sys.exit(f"{unknown[0]}: there are {', '.join(PARTS)}\n{__doc__}")
     parts = old_parts()
     for name, (heading, arguments) in PARTS.items():
         if name in names:
-            parts[heading] = measured(name, arguments)
+            parts[heading] = measured(name, others or arguments)
             headings = [heading for heading, _ in PARTS.values() if heading in parts]
             page.write_text(INTRODUCTION + "".join(f"\n## {heading}\n\n{parts[heading]}" for heading in headings))
 

@@ -99,6 +99,22 @@ private Q_SLOTS:
         QCOMPARE(m_target->pressed, 0);
     }
 
+    // A press from outside lasts a while before it clicks.
+    void aPressOnAHiddenWindowDoesNothingWhenItIsShownMeanwhile()
+    {
+        auto *button = add<QPushButton>({{"action", QStringLiteral("press")}});
+        connectAll();
+        QSignalSpy clicked(button, &QAbstractButton::clicked);
+        m_root->show();
+        m_root->hide();
+        button->animateClick();
+        m_root->show();
+        QTRY_COMPARE(clicked.size(), 1);
+        QCOMPARE(m_target->pressed, 0);
+        button->animateClick();
+        QTRY_COMPARE(m_target->pressed, 1);
+    }
+
     void aMenuItemCallsItsAction()
     {
         auto *item = add<QAction>({{"action", QStringLiteral("press")}});
