@@ -52,7 +52,8 @@ def measured(name, arguments):
     done = subprocess.run([top / "bench" / f"{name}.py", *arguments], capture_output=True, text=True)
     if done.returncode:
         sys.exit(f"{name} failed:\n{done.stderr[-2000:]}")
-    return f"{where}\n\n{done.stdout.strip()}\n"
+    tables = ("\n" + done.stdout.strip()).replace("\n## ", "\n### ")
+    return f"{where}\n{tables}\n"
 
 
 def old_parts():

@@ -159,11 +159,19 @@ class Desktop:
             stderr=subprocess.DEVNULL).wait())
 
 
+def build():
+    subprocess.run(["cmake", "--preset", "release"], cwd=top, check=True, stdout=subprocess.DEVNULL)
+    subprocess.run(["cmake", "--build", "--preset", "release", "--target", "kest", "kest-mail-host", "addon"], cwd=top,
+                   check=True, stdout=subprocess.DEVNULL)
+    return top / "build/release"
+
+
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--runs", type=int, default=5)
-    parser.add_argument("--build", type=Path, default=top / "build/release")
+    parser.add_argument("--build", type=Path)
     options = parser.parse_args()
+    options.build = options.build or build()
     os.environ.update(KEST_BUILD_DIR=str(options.build), KEST_SOURCE_DIR=str(top))
     from services.base import Sandbox
     figures = {}
