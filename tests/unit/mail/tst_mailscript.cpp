@@ -71,10 +71,9 @@ private Q_SLOTS:
     {
         QFETCH(bool, folder);
         constexpr uid_t nobody = 65534;
-        if (::geteuid() != 0)
-            QSKIP("only root can give a file away");
         write("// theirs");
-        QCOMPARE(::chown(folder ? m_folder.constData() : m_script.constData(), nobody, nobody), 0);
+        QVERIFY2(::chown(folder ? m_folder.constData() : m_script.constData(), nobody, nobody) == 0,
+                 "only root can give a file away");
         verifyRefused();
     }
 

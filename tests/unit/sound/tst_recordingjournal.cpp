@@ -62,10 +62,8 @@ private Q_SLOTS:
 
     void anEntryOfSomebodyElseIsLeftAlone()
     {
-        if (::geteuid() != 0)
-            QSKIP("only root can give a file away");
         rememberOne();
-        QCOMPARE(::chown(QFile::encodeName(onlyEntry()).constData(), 65534, 65534), 0);
+        QVERIFY2(::chown(QFile::encodeName(onlyEntry()).constData(), 65534, 65534) == 0, "only root can give a file away");
         QVERIFY(RecordingJournal(m_folder).interrupted().empty());
     }
 
