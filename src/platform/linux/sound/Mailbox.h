@@ -31,7 +31,7 @@ public:
         QMetaObject::invokeMethod(m_receiver, "takeNews", Qt::QueuedConnection);
     }
 
-    /// The receiver's, one for each knock: what listens may destroy it.
+    /// The receiver's, one for each knock: what listens may throw, or destroy it.
     void takeOne()
     {
         News news;

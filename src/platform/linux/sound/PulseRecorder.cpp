@@ -10,14 +10,12 @@ namespace kest {
 PulseRecorder::PulseRecorder(FileURL url, const EncoderFormat &format, Parts parts)
     : m_url(std::move(url)), m_format(format), m_parts(std::move(parts))
 {
-    m_mailbox->recorder = this;
 }
 
 PulseRecorder::~PulseRecorder()
 {
     stop();
-    const std::lock_guard lock(m_mailbox->mutex);
-    m_mailbox->recorder = nullptr;
+    m_mailbox->close();
 }
 
 bool PulseRecorder::prepareToRecord()
@@ -37,8 +35,8 @@ bool PulseRecorder::prepareToRecord()
             entry->done();
         const auto trouble = failure.isDiskFull() ? RecordingTrouble::DiskFull : RecordingTrouble::CannotWrite;
         // Queued like all news: the caller is not done with preparing yet.
-        deliver(m_mailbox, [trouble, detail = failure.detail](PulseRecorder *recorder) {
-            Q_EMIT recorder->troubleOccurred(trouble, detail);
+        m_mailbox->deliver([trouble, detail = failure.detail](PulseRecorder &recorder) {
+            Q_EMIT recorder.troubleOccurred(trouble, detail);
         });
         return false;
     }
@@ -52,45 +50,23 @@ void PulseRecorder::startJob(RecordingFile file, std::unique_ptr<RecordingJourna
 {
     const auto mailbox = m_mailbox;
     const auto tellTroubleFromAnywhere = [mailbox](RecordingTrouble trouble, const QString &detail) {
-        deliver(mailbox, [=](PulseRecorder *recorder) { recorder->tellTrouble(trouble, detail); });
+        mailbox->deliver([=](PulseRecorder &recorder) { recorder.tellTrouble(trouble, detail); });
     };
     m_capture = m_parts.startCapture();
     m_capture->setEvents(
-        {[mailbox] { deliver(mailbox, [](PulseRecorder *recorder) { Q_EMIT recorder->captureStarted(); }); },
+        {[mailbox] { mailbox->deliver([](PulseRecorder &recorder) { Q_EMIT recorder.captureStarted(); }); },
          tellTroubleFromAnywhere, [mailbox](InputCondition condition, const QString &microphone) {
-             deliver(mailbox, [=](PulseRecorder *recorder) {
-                 Q_EMIT recorder->inputConditionChanged(condition, microphone);
+             mailbox->deliver([=](PulseRecorder &recorder) {
+                 Q_EMIT recorder.inputConditionChanged(condition, microphone);
              });
          }});
     const auto tellFinishedFromAnywhere = [mailbox](bool kept, const FileURL &url) {
-        deliver(mailbox, [=](PulseRecorder *recorder) { recorder->tellFinished(kept, url); });
+        mailbox->deliver([=](PulseRecorder &recorder) { recorder.tellFinished(kept, url); });
     };
     auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, std::move(entry),
                                                                   std::move(file), m_format, m_fileSize,
                                                                   tellTroubleFromAnywhere, tellFinishedFromAnywhere});
     m_parts.jobs->run([job] { job->run(); });
-}
-
-void PulseRecorder::deliver(const std::shared_ptr<Mailbox> &mailbox, News news)
-{
-    const std::lock_guard lock(mailbox->mutex);
-    if (!mailbox->recorder)
-        return;
-    // Only a knock goes through Qt, of which the thread sanitizer sees nothing; what is told passes under the lock.
-    mailbox->news.push_back(std::move(news));
-    QMetaObject::invokeMethod(mailbox->recorder, "takeNews", Qt::QueuedConnection);
-}
-
-/// One for each knock: a listener may throw, or destroy this recorder.
-void PulseRecorder::takeNews()
-{
-    News news;
-    {
-        const std::lock_guard lock(m_mailbox->mutex);
-        news = std::move(m_mailbox->news.front());
-        m_mailbox->news.pop_front();
-    }
-    news(this);
 }
 
 bool PulseRecorder::isRunning() const

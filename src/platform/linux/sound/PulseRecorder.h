@@ -3,15 +3,14 @@
 #include "platform/AudioFileRecorder.h"
 #include "platform/linux/sound/CaptureSession.h"
 #include "platform/linux/sound/EncoderLoader.h"
+#include "platform/linux/sound/Mailbox.h"
 #include "platform/linux/sound/RecordingFile.h"
 #include "platform/linux/sound/RecordingJobs.h"
 #include "platform/linux/sound/RecordingJournal.h"
 
 #include <atomic>
-#include <deque>
 #include <functional>
 #include <memory>
-#include <mutex>
 
 namespace kest {
 
@@ -47,17 +46,7 @@ public:
 private:
     enum class State { New, Prepared, Recording, Paused, Finishing, Finished };
 
-    using News = std::function<void(PulseRecorder *)>;
-
-    /// Where other threads leave their news; outlives the recorder.
-    struct Mailbox {
-        std::mutex mutex;
-        PulseRecorder *recorder = nullptr; // null when it is gone
-        std::deque<News> news;
-    };
-
-    static void deliver(const std::shared_ptr<Mailbox> &mailbox, News news);
-    Q_INVOKABLE void takeNews();
+    Q_INVOKABLE void takeNews() { m_mailbox->takeOne(); }
     void startJob(RecordingFile file, std::unique_ptr<RecordingJournal::Entry> entry);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
     void tellFinished(bool kept, const FileURL &url);
@@ -66,7 +55,7 @@ private:
     FileURL m_url;
     const EncoderFormat m_format;
     const Parts m_parts;
-    const std::shared_ptr<Mailbox> m_mailbox = std::make_shared<Mailbox>();
+    const std::shared_ptr<Mailbox<PulseRecorder>> m_mailbox = std::make_shared<Mailbox<PulseRecorder>>(this);
     std::shared_ptr<CaptureSession> m_capture; // null until prepared
     const std::shared_ptr<std::atomic<qint64>> m_fileSize = std::make_shared<std::atomic<qint64>>(0); // the job's
     State m_state = State::New;
