@@ -950,6 +950,33 @@
     </message>
 </context>
 <context>
+    <name>kest::StatusItem</name>
+    <message>
+        <source>Show Kest</source>
+        <translation>Kest anzeigen</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>Aufnahme beenden</translation>
+    </message>
+    <message>
+        <source>Quit Kest</source>
+        <translation>Kest beenden</translation>
+    </message>
+    <message>
+        <source>Kest – paused</source>
+        <translation>Kest – angehalten</translation>
+    </message>
+    <message>
+        <source>Kest – recording</source>
+        <translation>Kest – nimmt auf</translation>
+    </message>
+    <message>
+        <source>Kest</source>
+        <translation>Kest</translation>
+    </message>
+</context>
+<context>
     <name>kest::Wording</name>
     <message>
         <source>No sound server answers, so nothing is recorded.</source>

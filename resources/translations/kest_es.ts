@@ -950,6 +950,33 @@
     </message>
 </context>
 <context>
+    <name>kest::StatusItem</name>
+    <message>
+        <source>Show Kest</source>
+        <translation>Mostrar Kest</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>Detener la grabación</translation>
+    </message>
+    <message>
+        <source>Quit Kest</source>
+        <translation>Salir de Kest</translation>
+    </message>
+    <message>
+        <source>Kest – paused</source>
+        <translation>Kest – en pausa</translation>
+    </message>
+    <message>
+        <source>Kest – recording</source>
+        <translation>Kest – grabando</translation>
+    </message>
+    <message>
+        <source>Kest</source>
+        <translation>Kest</translation>
+    </message>
+</context>
+<context>
     <name>kest::Wording</name>
     <message>
         <source>No sound server answers, so nothing is recorded.</source>

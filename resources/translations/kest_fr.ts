@@ -950,6 +950,33 @@
     </message>
 </context>
 <context>
+    <name>kest::StatusItem</name>
+    <message>
+        <source>Show Kest</source>
+        <translation>Afficher Kest</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>Arrêter l’enregistrement</translation>
+    </message>
+    <message>
+        <source>Quit Kest</source>
+        <translation>Quitter Kest</translation>
+    </message>
+    <message>
+        <source>Kest – paused</source>
+        <translation>Kest – en pause</translation>
+    </message>
+    <message>
+        <source>Kest – recording</source>
+        <translation>Kest – enregistrement</translation>
+    </message>
+    <message>
+        <source>Kest</source>
+        <translation>Kest</translation>
+    </message>
+</context>
+<context>
     <name>kest::Wording</name>
     <message>
         <source>No sound server answers, so nothing is recorded.</source>

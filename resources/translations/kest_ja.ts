@@ -950,6 +950,33 @@
     </message>
 </context>
 <context>
+    <name>kest::StatusItem</name>
+    <message>
+        <source>Show Kest</source>
+        <translation>Kest を表示</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>録音を停止</translation>
+    </message>
+    <message>
+        <source>Quit Kest</source>
+        <translation>Kest を終了</translation>
+    </message>
+    <message>
+        <source>Kest – paused</source>
+        <translation>Kest – 一時停止中</translation>
+    </message>
+    <message>
+        <source>Kest – recording</source>
+        <translation>Kest – 録音中</translation>
+    </message>
+    <message>
+        <source>Kest</source>
+        <translation>Kest</translation>
+    </message>
+</context>
+<context>
     <name>kest::Wording</name>
     <message>
         <source>No sound server answers, so nothing is recorded.</source>

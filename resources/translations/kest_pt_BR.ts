@@ -950,6 +950,33 @@
     </message>
 </context>
 <context>
+    <name>kest::StatusItem</name>
+    <message>
+        <source>Show Kest</source>
+        <translation>Mostrar o Kest</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>Parar a gravação</translation>
+    </message>
+    <message>
+        <source>Quit Kest</source>
+        <translation>Sair do Kest</translation>
+    </message>
+    <message>
+        <source>Kest – paused</source>
+        <translation>Kest – em pausa</translation>
+    </message>
+    <message>
+        <source>Kest – recording</source>
+        <translation>Kest – gravando</translation>
+    </message>
+    <message>
+        <source>Kest</source>
+        <translation>Kest</translation>
+    </message>
+</context>
+<context>
     <name>kest::Wording</name>
     <message>
         <source>No sound server answers, so nothing is recorded.</source>

@@ -950,6 +950,33 @@
     </message>
 </context>
 <context>
+    <name>kest::StatusItem</name>
+    <message>
+        <source>Show Kest</source>
+        <translation>显示 Kest</translation>
+    </message>
+    <message>
+        <source>Stop Recording</source>
+        <translation>停止录音</translation>
+    </message>
+    <message>
+        <source>Quit Kest</source>
+        <translation>退出 Kest</translation>
+    </message>
+    <message>
+        <source>Kest – paused</source>
+        <translation>Kest – 已暂停</translation>
+    </message>
+    <message>
+        <source>Kest – recording</source>
+        <translation>Kest – 正在录音</translation>
+    </message>
+    <message>
+        <source>Kest</source>
+        <translation>Kest</translation>
+    </message>
+</context>
+<context>
     <name>kest::Wording</name>
     <message>
         <source>No sound server answers, so nothing is recorded.</source>

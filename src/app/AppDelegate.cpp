@@ -5,6 +5,7 @@
 #include "app/UserDefaults.h"
 #include "platform/Platform.h"
 #include "ui/MainWindowController.h"
+#include "ui/StatusItem.h"
 #include "ui/controls/ReadoutField.h"
 
 #include <QLoggingCategory>
@@ -68,7 +69,21 @@ void AppDelegate::applicationDidFinishLaunching()
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &AppDelegate::timeToUpdateInputName);
     timer->start(inputNameInterval);
-    QTimer::singleShot(preloadDelay, this, [this] { m_platform.recorderFactory->preload(); });
+    QTimer::singleShot(preloadDelay, this, [this] {
+        m_platform.recorderFactory->preload();
+        offerStatusItem();
+    });
+}
+
+void AppDelegate::offerStatusItem()
+{
+    m_statusItem = StatusItem::make(*m_winController);
+    if (!m_statusItem)
+        return;
+    connect(m_statusItem.get(), &StatusItem::showRequested, this, &AppDelegate::activate);
+    // The item's menu is still on its way out of the program's own loop.
+    connect(m_statusItem.get(), &StatusItem::quitRequested, this, &AppDelegate::terminateRequested,
+            Qt::QueuedConnection);
 }
 
 void AppDelegate::finishInterruptedRecordings()

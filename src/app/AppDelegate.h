@@ -13,6 +13,7 @@ namespace kest {
 
 class AlertPresenter;
 class MainWindowController;
+class StatusItem;
 class UserDefaults;
 struct Platform;
 
@@ -94,6 +95,7 @@ private:
     void showInputName(int retryAfter);
     void finishInterruptedRecordings();
     void connectWindow();
+    void offerStatusItem();
     void tellThatRecordingGoesOn();
     void tellTrouble(const QString &words);
     void tellWarning(const QString &words);
@@ -109,6 +111,7 @@ private:
     QStringList m_settingsTroubles; // told before there was a window
     QStringList m_toldWarnings;     // since the window was hidden
     std::unique_ptr<MainWindowController> m_winController;
+    std::unique_ptr<StatusItem> m_statusItem; // null where the desktop has no place for it
 };
 
 } // namespace kest
