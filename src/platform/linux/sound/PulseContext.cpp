@@ -18,6 +18,10 @@ Q_LOGGING_CATEGORY(logSound, "kest.sound")
 constexpr int firstRetryMilliseconds = 500;
 constexpr int lastRetryMilliseconds = 30'000;
 
+// When PipeWire is asked anew after the last of its news: soon, and when a session manager under load is done too.
+constexpr int soonMilliseconds = 250;
+constexpr int lateMilliseconds = 2'000;
+
 void unrefOperation(pa_operation *operation)
 {
     if (operation)
@@ -35,6 +39,11 @@ PulseContext::PulseContext(QString applicationName) : m_applicationName(std::mov
 {
     m_thread.post([this] {
         m_retry = std::make_unique<PulseTimer>(m_thread, [this] { connectToServer(PA_CONTEXT_NOAUTOSPAWN); });
+        m_askAgain = std::make_unique<PulseTimer>(m_thread, [this] {
+            m_defaultCheck.start(m_thread.api());
+            if (!std::exchange(m_askingLate, true))
+                m_askAgain->setSingleShot(lateMilliseconds);
+        });
         ensureConnected();
     });
 }
@@ -47,6 +56,7 @@ PulseContext::~PulseContext()
         m_listeners.clear();
         drop();
         m_retry.reset();
+        m_askAgain.reset();
     });
 }
 
@@ -87,7 +97,7 @@ void PulseContext::connectToServer(pa_context_flags_t flags)
     pa_context_set_subscribe_callback(
         m_context,
         [](pa_context *, pa_subscription_event_type_t, uint32_t, void *self) {
-            static_cast<PulseContext *>(self)->refresh();
+            static_cast<PulseContext *>(self)->takeNews();
         },
         this);
     if (pa_context_connect(m_context, nullptr, flags, nullptr) < 0)
@@ -127,12 +137,31 @@ void PulseContext::lost()
 void PulseContext::drop()
 {
     m_ready = m_refreshing = m_refreshAgain = false;
+    m_toldDefault.reset();
+    m_askAgain->cancel();
+    m_defaultCheck.cancel();
     if (pa_context *context = std::exchange(m_context, nullptr)) {
         pa_context_set_state_callback(context, nullptr, nullptr);
         pa_context_set_subscribe_callback(context, nullptr, nullptr);
         pa_context_disconnect(context);
         pa_context_unref(context);
     }
+}
+
+void PulseContext::takeNews()
+{
+    refresh();
+    if (!m_isPipeWire)
+        return;
+    m_askingLate = false;
+    m_askAgain->setSingleShot(soonMilliseconds);
+}
+
+void PulseContext::takeCheckedDefault(const std::string &defaultSource)
+{
+    m_toldDefault = m_lastToldDefault;
+    m_checkedDefault = defaultSource;
+    refresh();
 }
 
 void PulseContext::refresh()
@@ -158,10 +187,16 @@ void PulseContext::requestServerInfo()
 
 void PulseContext::takeServerInfo(const pa_server_info *info)
 {
-    if (!m_context || !info)
+    if (!m_context)
         return;
+    if (!info) {
+        m_refreshing = false;
+        return;
+    }
     m_collected.connected = true;
-    m_collected.defaultSource = textOf(info->default_source_name);
+    m_isPipeWire = textOf(info->server_name).find("PipeWire") != std::string::npos;
+    m_lastToldDefault = textOf(info->default_source_name);
+    m_collected.defaultSource = m_toldDefault == m_lastToldDefault ? m_checkedDefault : m_lastToldDefault;
     m_collected.defaultSink = textOf(info->default_sink_name);
     unrefOperation(pa_context_get_source_info_list(
         m_context,

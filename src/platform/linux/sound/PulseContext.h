@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/linux/sound/DefaultSourceCheck.h"
 #include "platform/linux/sound/PulseSource.h"
 #include "platform/linux/sound/PulseThread.h"
 
@@ -11,6 +12,8 @@
 
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace kest {
@@ -69,6 +72,8 @@ private:
     void stateChanged();
     void lost();
     void drop();
+    void takeNews();
+    void takeCheckedDefault(const std::string &defaultSource);
     void requestServerInfo();
     void takeServerInfo(const pa_server_info *info);
     void takeSource(const pa_source_info *info);
@@ -84,7 +89,14 @@ private:
     bool m_refreshing = false;
     bool m_refreshAgain = false;
     int m_retryMilliseconds = 0;
+    bool m_isPipeWire = false;
+    bool m_askingLate = false;
+    std::string m_lastToldDefault;            // by this connection
+    std::optional<std::string> m_toldDefault; // what was told when it was checked; null: never checked
+    std::string m_checkedDefault;             // stands in its place
+    DefaultSourceCheck m_defaultCheck{[this](const std::string &name) { takeCheckedDefault(name); }};
     std::unique_ptr<PulseTimer> m_retry;
+    std::unique_ptr<PulseTimer> m_askAgain;
     PulseThread m_thread; // last: it ends before what its tasks use
 };
 
