@@ -38,12 +38,13 @@ def sync(path):
 
 def finish_with(program):
     """Milliseconds of one build's finisher; what loading the program takes is not counted."""
-    def finish(recording):
-        return float(subprocess.run([program, "finish", recording], check=True, capture_output=True, text=True).stdout)
+    def finish(recording, seconds):
+        return float(subprocess.run([program, "finish", recording, str(seconds)], check=True, capture_output=True,
+                                    text=True).stdout)
     return finish
 
 
-def finish_with_ffmpeg(recording):
+def finish_with_ffmpeg(recording, _seconds):
     """Milliseconds of the well-known tool, its start included."""
     made = recording.with_name("made.m4a")
     began = time.monotonic()
@@ -61,7 +62,7 @@ def processor():
     return (used.ru_utime + used.ru_stime) * 1000
 
 
-def measure(recording, finishers, runs):
+def measure(recording, seconds, finishers, runs):
     """{name: [(milliseconds, milliseconds of processor time)]}"""
     figures = {name: [] for name in finishers}
     for _ in range(runs):
@@ -71,7 +72,7 @@ def measure(recording, finishers, runs):
             sync(fresh)  # a recording in progress is synced once a second
             os.sync()
             before = processor()
-            figures[name].append((finish(fresh), processor() - before))
+            figures[name].append((finish(fresh, seconds), processor() - before))
     return figures
 
 
@@ -120,7 +121,7 @@ def main():
             recording = Path(folder) / "original.m4a"
             subprocess.run([program, "make", recording, str(seconds)], check=True)
             sizes[length] = recording.stat().st_size / 1e6
-            results[length] = measure(recording, finishers, options.runs)
+            results[length] = measure(recording, seconds, finishers, options.runs)
     report(0, results, sizes)
     report(1, results, sizes)
     growth(results)

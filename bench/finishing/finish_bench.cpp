@@ -1,7 +1,7 @@
 // Makes long recordings fast, and times how each becomes an ordinary file. Used by bench/finishing.py.
 //
 //     finish_bench make FILE SECONDS     a fragmented recording as it is when Stop is pressed
-//     finish_bench finish FILE           finishes it in its place, prints the milliseconds until it is safe on the disk
+//     finish_bench finish FILE SECONDS   finishes it in its place, prints the milliseconds until it is safe on the disk
 
 #include "platform/linux/sound/EncoderLoader.h"
 #include "platform/linux/sound/RecordingFinisher.h"
@@ -94,7 +94,7 @@ int make(const QString &path, int seconds)
     return 0;
 }
 
-int finish(const QString &path)
+int finish(const QString &path, int seconds)
 {
     FileFailure failure;
     auto file = RecordingFile::open(FileURL::fromPath(path), &failure);
@@ -102,7 +102,7 @@ int finish(const QString &path)
         return 1;
     QElapsedTimer timer;
     timer.start();
-    const auto failed = finishRecording(*file, std::nullopt);
+    const auto failed = finishRecording(*file, qint64(seconds) * sampleRate - packetSamples);
     std::printf("%.2f\n", double(timer.nsecsElapsed()) / 1e6);
     return failed ? 1 : 0;
 }
@@ -115,7 +115,7 @@ int main(int argc, char **argv)
     const QStringList arguments = application.arguments();
     if (arguments.size() == 4 && arguments[1] == QStringLiteral("make"))
         return make(arguments[2], arguments[3].toInt());
-    if (arguments.size() == 3 && arguments[1] == QStringLiteral("finish"))
-        return finish(arguments[2]);
+    if (arguments.size() == 4 && arguments[1] == QStringLiteral("finish"))
+        return finish(arguments[2], arguments[3].toInt());
     return 2;
 }

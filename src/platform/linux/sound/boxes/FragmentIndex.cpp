@@ -35,10 +35,11 @@ FileFailure unreadableRecording()
     return {0, QStringLiteral("The file is not a whole recording.")};
 }
 
-std::optional<FragmentIndex> FragmentIndex::read(FileWindow &file, FileFailure *failure)
+std::optional<FragmentIndex> FragmentIndex::read(FileWindow &file, FileFailure *failure, const Found &found)
 {
-    FragmentIndex index;
+    FragmentIndex index(found);
     index.readBoxes(file);
+    index.m_found = {};
     if (file.error()) {
         *failure = FileFailure::fromErrno(file.error());
         return std::nullopt;
@@ -114,14 +115,18 @@ quint64 FragmentIndex::readFragmentAt(FileWindow &file, quint64 position, const 
 void FragmentIndex::addPackets(quint64 position, quint64 end)
 {
     Run run = {position, 0};
+    const size_t before = m_packetSizes.size();
     for (const quint32 size : m_fragment.packetSizes) {
         if (size > end - position - run.length)
             break;
         run.length += size;
         m_packetSizes.push_back(size);
     }
-    if (run.length > 0)
-        m_runs.push_back(run);
+    if (run.length == 0)
+        return;
+    m_runs.push_back(run);
+    if (m_found)
+        m_found(m_track, run, std::span(m_packetSizes).subspan(before));
 }
 
 } // namespace kest

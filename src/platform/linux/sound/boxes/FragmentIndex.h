@@ -5,7 +5,9 @@
 #include "platform/linux/sound/boxes/Fragment.h"
 #include "platform/linux/sound/boxes/SoundTrack.h"
 
+#include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 namespace kest {
@@ -24,9 +26,13 @@ public:
         quint64 length = 0;
     };
 
+    /// Told of each piece of the media as it is found, with the bytes of its
+    /// packets; the file's window is at it then. The track is known.
+    using Found = std::function<void(const SoundTrack &track, const Run &run, std::span<const quint32> packetSizes)>;
+
     /// Reads the whole file. Null with `failure` when it cannot be read, or is
     /// no recording of ours; one without a whole packet has an empty index.
-    static std::optional<FragmentIndex> read(FileWindow &file, FileFailure *failure);
+    static std::optional<FragmentIndex> read(FileWindow &file, FileFailure *failure, const Found &found = {});
 
     const SoundTrack &track() const { return m_track; }
 
@@ -37,7 +43,7 @@ public:
     const std::vector<Run> &runs() const { return m_runs; }
 
 private:
-    FragmentIndex() = default;
+    explicit FragmentIndex(const Found &found) : m_found(found) { }
 
     void readBoxes(FileWindow &file);
     quint64 readBox(FileWindow &file, quint64 position);
@@ -45,6 +51,7 @@ private:
     quint64 readFragmentAt(FileWindow &file, quint64 position, const BoxHeader &header);
     void addPackets(quint64 position, quint64 end);
 
+    Found m_found;
     SoundTrack m_track;
     std::vector<quint32> m_packetSizes;
     std::vector<Run> m_runs;

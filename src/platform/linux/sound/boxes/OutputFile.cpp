@@ -12,7 +12,7 @@ constexpr size_t pieceBytes = 1024 * 1024;
 
 } // namespace
 
-OutputFile::OutputFile(int file) : m_file(file)
+OutputFile::OutputFile(int file, quint64 position) : m_file(file), m_position(position)
 {
     m_held.reserve(pieceBytes);
 }
@@ -37,11 +37,11 @@ void OutputFile::flush()
 void OutputFile::write(Bytes bytes)
 {
     while (!bytes.empty() && !m_error) {
-        const ssize_t count = pwrite(m_file, bytes.data(), bytes.size(), m_position);
+        const ssize_t count = pwrite(m_file, bytes.data(), bytes.size(), off_t(m_position));
         if (count < 0 && errno != EINTR)
             m_error = errno;
         if (count > 0) {
-            m_position += count;
+            m_position += quint64(count);
             bytes = bytes.subspan(size_t(count));
         }
     }

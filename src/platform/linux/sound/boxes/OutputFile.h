@@ -6,12 +6,13 @@
 
 namespace kest {
 
-/// Writes a file from its beginning in large pieces. One thread.
+/// Writes a file front to back in large pieces. One thread.
 class OutputFile
 {
 public:
-    /// `file` stays the caller's, its position untouched.
-    explicit OutputFile(int file);
+    /// `file` stays the caller's, its own position untouched. The first byte
+    /// goes to `position`.
+    explicit OutputFile(int file, quint64 position = 0);
 
     void append(Bytes bytes);
 
@@ -27,7 +28,7 @@ private:
 
     const int m_file;
     std::vector<uchar> m_held;
-    qint64 m_position = 0;
+    quint64 m_position;
     int m_error = 0;
 };
 
