@@ -74,7 +74,10 @@ export function adopt(message, tab) {
 async function begin(message) {
   const fields = { subject: message.subject };
   for (const kind of ["to", "cc", "bcc"]) {
-    fields[kind] = recipientList(message[kind]);
+    // An empty list would take out whom the account itself writes to with every new message.
+    if (message.answers || message[kind].length > 0) {
+      fields[kind] = recipientList(message[kind]);
+    }
   }
   if (message.identityId) {
     fields.identityId = message.identityId;
