@@ -852,6 +852,13 @@
     </message>
 </context>
 <context>
+    <name>kest::MessagePreview</name>
+    <message>
+        <source>Text of the Message</source>
+        <translation>نص الرسالة</translation>
+    </message>
+</context>
+<context>
     <name>kest::PlaybackWording</name>
     <message>
         <source>The file is not there any more.</source>

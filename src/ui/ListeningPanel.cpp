@@ -3,11 +3,11 @@
 #include "platform/Error.h"
 #include "platform/FileAddress.h"
 #include "platform/Trash.h"
+#include "ui/Announcement.h"
 #include "ui/PlaybackWording.h"
 #include "ui/Wording.h"
 #include "ui_MainWindow.h"
 
-#include <QAccessible>
 #include <QDir>
 #include <QEvent>
 #include <QLocale>
@@ -262,10 +262,7 @@ void ListeningPanel::tell(const QString &words, const QString &detail)
     field->setToolTip(detail.isEmpty() ? words : words + u'\n' + detail);
     field->setVisible(!words.isEmpty());
     m_ui.recordingFolderField->setVisible(words.isEmpty());
-    if (words.isEmpty())
-        return;
-    QAccessibleEvent event(field, QAccessible::Alert);
-    QAccessible::updateAccessibility(&event);
+    announce(*field, words, Politeness::Assertive);
 }
 
 } // namespace kest

@@ -6,6 +6,7 @@
 #include "platform/ProcessInfo.h"
 #include "ui/Bindings.h"
 #include "ui/ListeningPanel.h"
+#include "ui/MainWindowAccessible.h"
 #include "ui/PreferencesWindowController.h"
 #include "ui/RecordingWarnings.h"
 #include "ui/WindowSizer.h"
@@ -95,6 +96,7 @@ MainWindowController::~MainWindowController()
 
 void MainWindowController::loadWindow()
 {
+    installMainWindowAccessible();
     m_ui->setupUi(m_window.get());
     m_window->setWindowIcon(iconNamed(QStringLiteral("org.kest.Kest")));
     m_window->installEventFilter(this);

@@ -1,6 +1,7 @@
 // The quiet place of MainWindowController's window, and its fonts.
 
 #include "app/UserDefaults.h"
+#include "ui/Announcement.h"
 #include "ui/Appearance.h"
 #include "ui/MailStateView.h"
 #include "ui/MainWindowController.h"
@@ -23,6 +24,27 @@ QFont sized(QFont font, int pixels, QFont::Weight weight)
     font.setPixelSize(pixels);
     font.setWeight(weight);
     return font;
+}
+
+bool isImportant(NoticePlace::Subject subject)
+{
+    return subject == NoticePlace::Subject::Settings || subject == NoticePlace::Subject::Recording
+        || subject == NoticePlace::Subject::Warning;
+}
+
+/// What a screen reader was told last.
+struct Said {
+    NoticePlace::Subject subject = NoticePlace::Subject::Status;
+    QString text;
+};
+
+/// For those who do not look at the place. That something is under way is said once, not at every step of it.
+void sayNotice(ReadoutField &field, const NoticePlace &notices, Said &said)
+{
+    const Said before = std::exchange(said, {notices.subject(), notices.text()});
+    const bool goesOn = said.subject == NoticePlace::Subject::Progress && before.subject == said.subject;
+    if (said.text != before.text && !goesOn)
+        announce(field, said.text, isImportant(said.subject) ? Politeness::Assertive : Politeness::Polite);
 }
 
 } // namespace
@@ -57,6 +79,8 @@ void MainWindowController::connectNotices()
 {
     MailTransport &mail = m_dependencies.mailTransport;
     connect(&m_notices, &NoticePlace::changed, this, &MainWindowController::showNotice);
+    connect(&m_notices, &NoticePlace::changed, this,
+            [this, said = Said{}]() mutable { sayNotice(*m_ui->noticeField, m_notices, said); });
     connectWarnings();
     connect(&m_dependencies.userDefaults, &UserDefaults::troubleOccurred, this,
             [this](const QString &message) { m_notices.tell(NoticePlace::Subject::Settings, message); });
@@ -120,18 +144,14 @@ void MainWindowController::updateStatusNotice()
 void MainWindowController::showNotice()
 {
     ReadoutField *field = m_ui->noticeField;
-    const bool important = m_notices.subject() == NoticePlace::Subject::Settings
-        || m_notices.subject() == NoticePlace::Subject::Recording
-        || m_notices.subject() == NoticePlace::Subject::Warning;
+    const bool important = isImportant(m_notices.subject());
     field->setImage(important ? QStringLiteral("notice") : QString());
     field->setText(m_notices.text());
     field->setToolTip(m_notices.detail().isEmpty() ? m_notices.text()
                                                    : m_notices.text() + u'\n' + m_notices.detail());
     field->setPalette(important ? m_window->palette() : subdued(m_window->palette()));
-    if (important) {
-        QAccessibleEvent event(field, QAccessible::Alert);
-        QAccessible::updateAccessibility(&event);
-    }
+    QAccessibleEvent event(field, QAccessible::DescriptionChanged); // which the tool tip is
+    QAccessible::updateAccessibility(&event);
 }
 
 } // namespace kest

@@ -52,7 +52,7 @@ QImage attachmentPlate(const QString &name, const QFont &font, const QPalette &p
 MessagePreview::MessagePreview(QWidget *parent)
     : QWidget(parent)
     , m_subject(new ReadoutField(this))
-    , m_line(new QFrame(this))
+    , m_line(new QWidget(this))
     , m_body(new QTextEdit(this))
 {
     setAutoFillBackground(false);
@@ -60,6 +60,7 @@ MessagePreview::MessagePreview(QWidget *parent)
     m_subject->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_line->setFixedHeight(1);
     m_line->setAutoFillBackground(true);
+    m_body->setAccessibleName(tr("Text of the Message"));
     m_body->setReadOnly(true);
     m_body->setFrameShape(QFrame::NoFrame);
     m_body->setFocusPolicy(Qt::NoFocus);

@@ -2,7 +2,6 @@
 
 #include <QWidget>
 
-class QFrame;
 class QTextCursor;
 class QTextEdit;
 
@@ -40,7 +39,7 @@ private:
     void insertRecording(QTextCursor &cursor);
 
     ReadoutField *m_subject;
-    QFrame *m_line;
+    QWidget *m_line;
     QTextEdit *m_body;
     QString m_before;
     QString m_after;

@@ -196,13 +196,16 @@ class MainJob:
             raise ServiceError(f"the subject is “{mail.subject}”")
         if "I am trying to save on typing" not in mail.text:
             raise ServiceError(f"the text is “{mail.text}”")
-        if RECIPIENT not in str(mail.message["To"]):
-            raise ServiceError(f"it went to “{mail.message['To']}”")
+        if RECIPIENT not in self.addressee(mail):
+            raise ServiceError(f"it went to “{self.addressee(mail)}”")
         names = [(name, kind) for name, kind, _ in mail.attachments]
         if names != [(self.recording.name, "audio/mp4")]:
             raise ServiceError(f"it carries {names}")
         if mail.attachments[0][2] != self.recording.read_bytes():
             raise ServiceError("the attachment differs from the recording")
+
+    def addressee(self, mail):
+        return str(mail.message["To"])
 
     def only_mail(self):
         arrived = sorted(self.mail_server.outbox.glob("*.eml"))

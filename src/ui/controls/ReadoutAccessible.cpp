@@ -27,7 +27,8 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? m_field.text() : QAccessibleWidget::text(kind);
+        const QString told = kind == QAccessible::Value ? m_field.text() : QAccessibleWidget::text(kind);
+        return kind == QAccessible::Name && told.isEmpty() ? m_field.text() : told; // a plain label is its text
     }
 
     QAccessible::State state() const override

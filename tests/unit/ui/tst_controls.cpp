@@ -122,6 +122,13 @@ private Q_SLOTS:
         QVERIFY(accessible->state().readOnly);
     }
 
+    void aFieldWithoutANameOfItsOwnIsItsText()
+    {
+        ReadoutField field;
+        field.setText(QStringLiteral("A voice email"));
+        QCOMPARE(QAccessible::queryAccessibleInterface(&field)->text(QAccessible::Name), QStringLiteral("A voice email"));
+    }
+
     void ownColoursFollowTheSchemeWhereNoThemeHasColoured()
     {
         applyColorScheme(ColorScheme::NoPreference);
