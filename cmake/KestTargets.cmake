@@ -33,6 +33,7 @@ endfunction()
 # one QtTest executable, run by CTest. SERVICES are options of
 # tests/support/with_services.py, which starts private services and ends them.
 # A test function that skips itself fails the run: what it needs should be there.
+# What works with real time and real services has the machine to itself.
 set(KEST_SKIPPED "SKIP   : ")
 function(kest_test name label)
   cmake_parse_arguments(ARG "" "TIMEOUT" "SOURCES;LINK;SERVICES" ${ARGN})
@@ -43,10 +44,14 @@ function(kest_test name label)
   if(NOT ARG_TIMEOUT)
     set(ARG_TIMEOUT 60)
   endif()
+  set(alone TRUE)
+  if(label MATCHES "^(unit|contract|gui)$")
+    set(alone FALSE)
+  endif()
   add_test(NAME ${label}.${name}
     COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/with_services.py ${ARG_SERVICES}
       -- $<TARGET_FILE:${name}>)
-  set_tests_properties(${label}.${name} PROPERTIES LABELS ${label} TIMEOUT ${ARG_TIMEOUT}
+  set_tests_properties(${label}.${name} PROPERTIES LABELS ${label} TIMEOUT ${ARG_TIMEOUT} RUN_SERIAL ${alone}
     FAIL_REGULAR_EXPRESSION ${KEST_SKIPPED}
     ENVIRONMENT "KEST_BUILD_DIR=${CMAKE_BINARY_DIR};KEST_SOURCE_DIR=${PROJECT_SOURCE_DIR}")
 endfunction()

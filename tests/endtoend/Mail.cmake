@@ -2,7 +2,7 @@
 function(kest_mail_endtoend name)
   add_test(NAME endtoend.${name}
     COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/${name}.py -v)
-  set_tests_properties(endtoend.${name} PROPERTIES LABELS endtoend TIMEOUT 240
+  set_tests_properties(endtoend.${name} PROPERTIES LABELS endtoend TIMEOUT 240 RUN_SERIAL TRUE
     ENVIRONMENT "KEST_BUILD_DIR=${CMAKE_BINARY_DIR};KEST_SOURCE_DIR=${PROJECT_SOURCE_DIR};PYTHONDONTWRITEBYTECODE=1")
 endfunction()
 
@@ -24,6 +24,6 @@ endforeach()
 add_test(NAME endtoend.mailcontract_thunderbird
   COMMAND /usr/bin/python3 ${PROJECT_SOURCE_DIR}/tests/support/with_services.py --thunderbird
     -- $<TARGET_FILE:tst_mailcontract>)
-set_tests_properties(endtoend.mailcontract_thunderbird PROPERTIES LABELS endtoend TIMEOUT 180
+set_tests_properties(endtoend.mailcontract_thunderbird PROPERTIES LABELS endtoend TIMEOUT 180 RUN_SERIAL TRUE
   FAIL_REGULAR_EXPRESSION ${KEST_SKIPPED}
   ENVIRONMENT "KEST_BUILD_DIR=${CMAKE_BINARY_DIR};KEST_SOURCE_DIR=${PROJECT_SOURCE_DIR}")

@@ -102,7 +102,9 @@ bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBus
     if (trouble.action == u"vanish")
         std::_Exit(0);
     if (trouble.action == u"garble")
-        return connection.send(message.createReply(QVariantList{42, u"nonsense"_s}));
+        return connection.send(message.createReply(trouble.detail == u"texts"
+                                                       ? QVariantList{QStringList{u"non"_s, u"sense"_s}}
+                                                       : QVariantList{42, u"nonsense"_s}));
     if (trouble.action == u"kill") {
         ::kill(trouble.detail.toInt(), SIGKILL);
         return true;

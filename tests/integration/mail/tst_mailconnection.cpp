@@ -141,6 +141,18 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(m_connection->state().kind, kind, patience);
     }
 
+    void anAnswerOfAnotherTypeHasNoAccounts()
+    {
+        m_fake.start();
+        m_fake.configure({{u"accounts"_s, QJsonArray{QJsonArray{u"1"_s, u"Home"_s, u"Me <me@example.org>"_s}}}});
+        m_fake.at(1, u"garble"_s, u"texts"_s);
+        open();
+        QTRY_VERIFY_WITH_TIMEOUT(m_fake.log().contains(u"Application.Accounts"_s), patience);
+        m_fake.stop(); // what it answered is taken first
+        QTRY_VERIFY_WITH_TIMEOUT(m_connection->state().kind != Kind::Connected, patience);
+        QVERIFY(m_connection->state().accounts.isEmpty());
+    }
+
     void withoutAMailApplicationThatIsSaid() { QCOMPARE(lookedAt(), Kind::NoApplication); }
 
     void anotherMailApplicationIsNamed()

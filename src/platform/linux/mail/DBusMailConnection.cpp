@@ -3,6 +3,7 @@
 #include "platform/linux/mail/DefaultMailApplication.h"
 #include "platform/linux/mail/MailErrors.h"
 #include "platform/linux/mail/MailServices.h"
+#include "platform/linux/mail/MailSignatures.h"
 
 #include <QDBusArgument>
 #include <QDBusPendingCallWatcher>
@@ -18,6 +19,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr uint protocolVersion = 1;
+constexpr int accountName = 1; // identifier, name, sender
 constexpr std::chrono::milliseconds answerLimit = 30s;
 constexpr std::chrono::milliseconds installLimit = 30s;
 
@@ -116,7 +118,8 @@ void DBusMailConnection::ask(const QString &interface, const QString &method, co
 
 void DBusMailConnection::takeProperties(const QDBusMessage &answer)
 {
-    const auto properties = qdbus_cast<QVariantMap>(answer.arguments().value(0));
+    const auto argument = answer.arguments().value(0).value<QDBusArgument>();
+    const auto properties = argument.currentSignature() == u"a{sv}" ? qdbus_cast<QVariantMap>(argument) : QVariantMap();
     MailConnectionState state;
     state.kind = MailConnectionState::Kind::Connected;
     state.application = properties.value(u"Name"_s, lastWord(m_services.preferred())).toString();
@@ -135,22 +138,12 @@ void DBusMailConnection::takeProperties(const QDBusMessage &answer)
 
 void DBusMailConnection::takeAccounts(const QDBusMessage &answer)
 {
+    const MailCall question{QString(), applicationInterface, u"Accounts"_s, MailCall::Kind::Method, {}};
+    const auto values = plainValues(*mailSignature(question), answer);
     MailConnectionState state = m_state;
     state.accounts.clear();
-    const auto accounts = answer.arguments().value(0).value<QDBusArgument>();
-    if (accounts.currentType() != QDBusArgument::ArrayType)
-        return;
-    accounts.beginArray();
-    while (!accounts.atEnd()) {
-        QString identifier;
-        QString name;
-        QString sender;
-        accounts.beginStructure();
-        accounts >> identifier >> name >> sender;
-        accounts.endStructure();
-        state.accounts.append(name);
-    }
-    accounts.endArray();
+    for (const QVariant &account : values ? values->first().toList() : QVariantList())
+        state.accounts.append(account.toStringList().at(accountName));
     setState(state);
 }
 

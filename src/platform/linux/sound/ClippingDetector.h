@@ -9,11 +9,10 @@ namespace kest {
 /// Tells samples that were cut off from those that are merely loud.
 ///
 /// No standard says what clipping is once the samples are taken; what is common
-/// is to count samples in a row at full scale, because hardly any sound has
-/// three and none has four (Record-Producer, "How can you tell when a digital
-/// signal is clipped?"; Sweetwater InSync, "Overs"). Four in a row on the same
-/// side count here. Full scale begins 0.1 dB lower: sound servers change the
-/// rate of most microphones, and after that a cut-off top is wavy.
+/// is to count samples in a row at full scale. Four in a row on the same side
+/// count here: a loud speaker's top has rarely two. Full scale begins 0.1 dB
+/// lower: sound servers change the rate of most microphones, and after that a
+/// cut-off top is wavy. Both numbers are our choice.
 ///
 /// One for each stream, fed before its channels are mixed: in the mean of two
 /// channels, what one of them cut off cannot be seen. Any one thread.
