@@ -2,6 +2,7 @@
 
 import os
 import re
+import struct
 import subprocess
 import threading
 import time
@@ -15,8 +16,10 @@ from .sounding import is_ordinary
 HOURS = 3
 SPEED = 30  # Times real time, at most.
 CYCLES = 1440  # One a minute for a day.
+TAIL = 65536  # Bytes: more than a fragment has.
 TAKE = 0.15  # seconds of each
 MOST_GROWTH = 1.0  # Megabytes an hour of sound, and for a thousand starts and stops.
+MOST_WAITING = 10  # Seconds of sound between microphone and file; Kest keeps up to 188 s for an encoder that gets no processor.
 SETTLED = 0.2  # The share of the run after which what is allocated once is allocated.
 
 
@@ -36,25 +39,41 @@ def slope(points):
     return sum((x - mean_x) * (y - mean_y) for x, y in points) / spread if spread else 0.0
 
 
-class FastMicrophone:
-    """Speaks noise into a FIFO as fast as the server takes it, up to so many times real time."""
+def encoded_samples(take):
+    """Where the last fragment in the file begins: what was encoded up to there."""
+    with open(take, "rb") as file:
+        file.seek(max(0, os.fstat(file.fileno()).st_size - TAIL))
+        tail = file.read()
+    at = tail.rfind(b"tfdt")  # ISO/IEC 14496-12: version and flags, then the decode time in 32 or 64 bits
+    if not 0 <= at <= len(tail) - 16:
+        return 0
+    return struct.unpack_from(">Q" if tail[at + 4] else ">I", tail, at + 8)[0]
 
-    def __init__(self, sound, speed):
+
+class FastMicrophone:
+    """Speaks noise into a FIFO, up to so many times faster than real time: as fast as the recorder's encoder follows.
+
+    A microphone does not wait, so that one faster than the encoder would fill any memory. `waiting` gives the seconds of
+    sound that are captured and not encoded; above MOST_WAITING it goes on in real time.
+    """
+
+    def __init__(self, sound, speed, waiting):
         sound.microphone.hush()
         self.fifo = os.open(sound.microphone.fifo, os.O_RDWR)
-        self.speed, self.ended = speed, threading.Event()
+        self.speed, self.waiting, self.ended = speed, waiting, threading.Event()
         self.thread = threading.Thread(target=self.speak, daemon=True)
         self.thread.start()
 
     def speak(self):
         noise = os.urandom(2 * RATE * BABBLE)
-        piece = 2 * int(RATE * 0.01) * self.speed
+        block = 2 * int(RATE * 0.01)
         due, at = time.monotonic(), 0
         while not self.ended.is_set():
             due = max(due + 0.01, time.monotonic() - 0.1)
             time.sleep(max(0.0, due - time.monotonic()))
+            piece = block * (self.speed if self.waiting() < MOST_WAITING else 1)
             os.write(self.fifo, noise[at:at + piece])
-            at = (at + piece) % (len(noise) - piece)
+            at = (at + piece) % (len(noise) - block * self.speed)
 
     def end(self):
         self.ended.set()
@@ -85,9 +104,9 @@ def judge(seen, points, what, first, last):
 def record(context, hours):
     sound = context.start_sound("pulseaudio")
     recorder, take = start(context)
-    microphone = FastMicrophone(sound, SPEED)
     recorder.tell(f"record {take}")
     recorder.wait("started")
+    microphone = FastMicrophone(sound, SPEED, lambda: (recorder.samples() - encoded_samples(take)) / RATE)
     seen, points, first = Seen(runs=1), [], None
     goal = int(hours * 3600 * RATE)
     while recorder.samples() < goal:
