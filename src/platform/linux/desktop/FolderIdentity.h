@@ -9,8 +9,9 @@ namespace kest {
 /// What makes a folder itself, wherever it lies.
 ///
 /// An inode number alone is given away again as soon as a folder is deleted;
-/// together with the moment of birth it is not. Device numbers may change from
-/// one start of the system to the next.
+/// together with the moment of birth it is not, unless the folder lived no
+/// longer than a tick of the kernel (1 to 10 ms). Device numbers may change
+/// from one start of the system to the next.
 struct FolderIdentity {
     quint64 device = 0;
     quint64 inode = 0;
