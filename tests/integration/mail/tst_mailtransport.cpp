@@ -180,6 +180,28 @@ private Q_SLOTS:
         QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
     }
 
+    void afterACallThatWasNotAnsweredInTimeTheNextWaitsForLess()
+    {
+        DBusMailTransport transport({.answer = 60s, .answerAgain = 100ms});
+        m_fake.at(1, u"fail"_s, u"TimedOut Thunderbird did not answer in time."_s);
+        m_fake.at(2, u"hang"_s);
+        QCOMPARE(codeOf(transport.call(applicationCall(u"Accounts"_s))), MailErrorCode::TimedOut);
+        QElapsedTimer elapsed;
+        elapsed.start();
+        QCOMPARE(codeOf(transport.call(applicationCall(u"Activate"_s))), MailErrorCode::TimedOut);
+        QVERIFY(!elapsed.hasExpired(30'000));
+    }
+
+    void anAnswerInTimeGivesTheNextCallTheWholeLimitAgain()
+    {
+        DBusMailTransport transport({.answer = 60s, .answerAgain = 2s});
+        m_fake.at(1, u"fail"_s, u"TimedOut Thunderbird did not answer in time."_s);
+        m_fake.at(3, u"delay"_s, u"3000"_s);
+        QCOMPARE(codeOf(transport.call(applicationCall(u"Accounts"_s))), MailErrorCode::TimedOut);
+        QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
+        QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
+    }
+
     void halvesOfDifferentVersionsAreSaidSo()
     {
         m_fake.configure({{u"protocolVersion"_s, 2}});

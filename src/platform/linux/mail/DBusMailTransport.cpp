@@ -13,6 +13,8 @@
 #include <QScopeGuard>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace kest {
 
 using namespace Qt::StringLiterals;
@@ -58,7 +60,10 @@ DBusMailTransport::DBusMailTransport(const Limits &limits, QObject *parent)
     , m_limits(limits)
 {
     registerNamedDescriptor();
-    connect(&m_services, &MailServices::changed, this, [this] { m_checkedService.clear(); });
+    connect(&m_services, &MailServices::changed, this, [this] {
+        m_checkedService.clear();
+        m_lastAnswerWasLate = false;
+    });
     connect(&m_services, &MailServices::appeared, this, &MailTransport::mailApplicationAppeared);
     connect(&m_services, &MailServices::vanished, this, &MailTransport::mailApplicationVanished);
     connect(&m_services, &MailServices::focusGained, this, &MailTransport::mailApplicationFocusGained);
@@ -206,9 +211,10 @@ bool DBusMailTransport::checkVersion(const QString &service, Error *error)
 
 std::optional<QDBusMessage> DBusMailTransport::answerTo(const QDBusMessage &message, Error *error)
 {
+    const auto limit = m_lastAnswerWasLate ? std::min(m_limits.answerAgain, m_limits.answer) : m_limits.answer;
     QElapsedTimer elapsed;
     elapsed.start();
-    QDBusPendingCallWatcher watcher(m_services.bus().asyncCall(message, static_cast<int>(m_limits.answer.count())));
+    QDBusPendingCallWatcher watcher(m_services.bus().asyncCall(message, static_cast<int>(limit.count())));
     QEventLoop loop;
     connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
     loop.exec(QEventLoop::ExcludeUserInputEvents);
@@ -217,9 +223,12 @@ std::optional<QDBusMessage> DBusMailTransport::answerTo(const QDBusMessage &mess
         return std::nullopt;
     }
     if (watcher.isError()) {
-        handBack(error, mailError(watcher.error(), elapsed, m_limits.answer));
+        const Error failure = mailError(watcher.error(), elapsed, limit);
+        m_lastAnswerWasLate = failure.code == static_cast<int>(MailErrorCode::TimedOut);
+        handBack(error, failure);
         return std::nullopt;
     }
+    m_lastAnswerWasLate = false;
     return watcher.reply();
 }
 

@@ -26,6 +26,9 @@ public:
         std::chrono::milliseconds start{30'000};   ///< For a mail application to come up.
         /// The same, when the start before has come to nothing.
         std::chrono::milliseconds startAgain{5'000};
+        /// For one call when the one before was not answered in time; at most `answer`. A press makes many calls, and
+        /// must not take the whole limit for each of them.
+        std::chrono::milliseconds answerAgain{5'000};
     };
 
     /// Does nothing but ask for `watch` when the event loop runs.
@@ -58,6 +61,7 @@ private:
     MailServices m_services;
     QString m_checkedService; // whose protocol version is known to be ours
     bool m_startCameToNothing = false;
+    bool m_lastAnswerWasLate = false;
     bool m_isBusy = false;
 };
 
