@@ -1,5 +1,6 @@
 """A loopback mail provider: Dovecot as the IMAP server, aiosmtpd as the SMTP server that keeps what it is sent."""
 
+import contextlib
 import email
 import email.policy
 import os
@@ -152,7 +153,8 @@ class MailServer:
     def _give_away(self, folder):
         if self._owner:
             for path in (folder, *folder.rglob("*")):
-                os.chown(path, *self._owner)
+                with contextlib.suppress(FileNotFoundError):  # One of the server's own that was there for a moment.
+                    os.chown(path, *self._owner)
 
     def files(self, user, folder=""):
         """The message files of a mailbox, new and seen."""
