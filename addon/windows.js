@@ -9,6 +9,7 @@ let lastViewer = null;
 let lastShown = null;
 let focused = false;
 let losing = null;
+let focusChanges = 0;
 let announce = () => {};
 
 function setFocused(now) {
@@ -28,6 +29,7 @@ async function remember(windowId) {
 /** Between two windows of its own Thunderbird reports "none" for a moment: only a lasting loss counts. */
 function focusChanged(windowId) {
   clearTimeout(losing);
+  focusChanges += 1;
   if (windowId === NONE) {
     losing = setTimeout(() => setFocused(false), BETWEEN_WINDOWS_MS);
     return;
@@ -43,10 +45,14 @@ export function listen() {
 /** From now on `callback(focused)` is told of every change, and of the state right now. */
 export async function announceFocus(callback) {
   announce = callback;
+  const before = focusChanges;
   const window = await messenger.windows.getLastFocused().catch(() => null);
-  focused = Boolean(window?.focused);
-  if (focused) {
-    await remember(window.id);
+  // Where the focus has moved meanwhile, the answer is of before.
+  if (before === focusChanges) {
+    focused = Boolean(window?.focused);
+    if (focused) {
+      await remember(window.id);
+    }
   }
   callback(focused);
 }

@@ -42,3 +42,16 @@ test("a change between two windows is no change", async () => {
   await turns();
   assert.deepEqual(told, [false, true]);
 });
+
+test("a gain while it is asked who has the focus is not taken back", async () => {
+  let answer;
+  thunderbird.windows.getLastFocused = () => new Promise(resolve => { answer = resolve; });
+  const asked = announceFocus(focused => told.push(focused));
+  focus(1);
+  answer({ id: 1, focused: false, type: "normal" });
+  await asked;
+  assert.equal(told.at(-1), true);
+  focus(-1);
+  mock.timers.tick(150);
+  assert.equal(told.at(-1), false);
+});

@@ -1069,5 +1069,9 @@
         <source>Handing over: %1 of %2</source>
         <translation>جارٍ التسليم: %1 من %2</translation>
     </message>
+    <message>
+        <source>Nothing was recorded: it was stopped before the first sound.</source>
+        <translation>لم يُسجَّل شيء: أُوقف التسجيل قبل أول صوت.</translation>
+    </message>
 </context>
 </TS>

@@ -1069,5 +1069,9 @@
         <source>Handing over: %1 of %2</source>
         <translation>Übergabe: %1 von %2</translation>
     </message>
+    <message>
+        <source>Nothing was recorded: it was stopped before the first sound.</source>
+        <translation>Nichts wurde aufgenommen: Vor dem ersten Ton wurde angehalten.</translation>
+    </message>
 </context>
 </TS>

@@ -1069,5 +1069,9 @@
         <source>Handing over: %1 of %2</source>
         <translation>Transmission : %1 sur %2</translation>
     </message>
+    <message>
+        <source>Nothing was recorded: it was stopped before the first sound.</source>
+        <translation>Rien n’a été enregistré : arrêt avant le premier son.</translation>
+    </message>
 </context>
 </TS>

@@ -1069,5 +1069,9 @@
         <source>Handing over: %1 of %2</source>
         <translation>受け渡し中: %1 / %2</translation>
     </message>
+    <message>
+        <source>Nothing was recorded: it was stopped before the first sound.</source>
+        <translation>何も録音されていません。最初の音の前に停止しました。</translation>
+    </message>
 </context>
 </TS>

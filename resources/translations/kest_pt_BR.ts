@@ -1069,5 +1069,9 @@
         <source>Handing over: %1 of %2</source>
         <translation>Entregando: %1 de %2</translation>
     </message>
+    <message>
+        <source>Nothing was recorded: it was stopped before the first sound.</source>
+        <translation>Nada foi gravado: a gravação parou antes do primeiro som.</translation>
+    </message>
 </context>
 </TS>

@@ -1069,5 +1069,9 @@
         <source>Handing over: %1 of %2</source>
         <translation>正在移交：%1 / %2</translation>
     </message>
+    <message>
+        <source>Nothing was recorded: it was stopped before the first sound.</source>
+        <translation>没有录到内容：在第一个声音之前就停止了。</translation>
+    </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #include "ui/Bindings.h"
 
 #include "app/UserDefaults.h"
+#include "ui/controls/SeenClick.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -11,8 +12,6 @@
 #include <QLabel>
 #include <QShortcut>
 #include <QWidget>
-
-#include <memory>
 
 namespace kest {
 
@@ -110,19 +109,6 @@ void Bindings::complain(const QObject &control, const QString &what)
     qCWarning(log, "%ls: there is no %ls", qUtf16Printable(control.objectName()), qUtf16Printable(what));
 }
 
-/// A person presses what can be seen; over the accessibility bus any program presses anything, and such a press lasts so
-/// long that the window may be back when it clicks.
-void Bindings::connectButton(QAbstractButton &button, const std::function<void()> &call)
-{
-    const auto isSeen = [&button] { return button.window()->isVisible(); };
-    const auto wasSeen = std::make_shared<bool>(false);
-    connect(&button, &QAbstractButton::pressed, this, [isSeen, wasSeen] { *wasSeen = isSeen(); });
-    connect(&button, &QAbstractButton::clicked, this, [isSeen, wasSeen, call] {
-        if (*wasSeen && isSeen())
-            call();
-    });
-}
-
 void Bindings::connectAction(QObject &control, const QString &slot)
 {
     const QByteArray name = slot.toUtf8();
@@ -130,7 +116,7 @@ void Bindings::connectAction(QObject &control, const QString &slot)
         return complain(control, slot);
     const auto call = [this, name] { QMetaObject::invokeMethod(&m_target, name.constData()); };
     if (auto *button = qobject_cast<QAbstractButton *>(&control))
-        connectButton(*button, call);
+        onSeenClick(*button, this, call);
     else if (auto *menuItem = qobject_cast<QAction *>(&control))
         connect(menuItem, &QAction::triggered, this, call);
     else if (auto *popup = qobject_cast<QComboBox *>(&control))

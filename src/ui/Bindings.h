@@ -58,7 +58,6 @@ public:
 
 private:
     void connectObject(QObject &object);
-    void connectButton(QAbstractButton &button, const std::function<void()> &call);
     void connectAction(QObject &control, const QString &slot);
     void connectBound(QObject &control, const QString &pairs);
     void connectPair(QObject &control, const QString &controlProperty, const QString &targetProperty);

@@ -6,6 +6,7 @@
 #include "ui/Announcement.h"
 #include "ui/PlaybackWording.h"
 #include "ui/Wording.h"
+#include "ui/controls/SeenClick.h"
 #include "ui_MainWindow.h"
 
 #include <QDir>
@@ -57,11 +58,11 @@ ListeningPanel::ListeningPanel(Ui::MainWindow &ui, AudioFilePlayer &player, Tras
 void ListeningPanel::connectControls()
 {
     m_ui.detailPanel->installEventFilter(this);
-    connect(m_ui.playButton, &QAbstractButton::clicked, this, &ListeningPanel::playOrPause);
-    connect(m_ui.discardButton, &QAbstractButton::clicked, this, &ListeningPanel::discard);
-    connect(m_ui.undoDiscardButton, &QAbstractButton::clicked, this, &ListeningPanel::undoDiscard);
-    connect(m_ui.showInFolderButton, &QAbstractButton::clicked, this,
-            [this] { Q_EMIT openURLRequested(addressOf(m_recording.deletingLastPathComponent())); });
+    onSeenClick(*m_ui.playButton, this, [this] { playOrPause(); });
+    onSeenClick(*m_ui.discardButton, this, [this] { discard(); });
+    onSeenClick(*m_ui.undoDiscardButton, this, [this] { undoDiscard(); });
+    onSeenClick(*m_ui.showInFolderButton, this,
+                [this] { Q_EMIT openURLRequested(addressOf(m_recording.deletingLastPathComponent())); });
     connect(m_ui.waveformView, &WaveformView::seekRequested, &m_player, &AudioFilePlayer::seek);
     connect(m_ui.waveformView, &WaveformView::positionShown, this,
             [this](double seconds) { m_ui.positionField->setText(positionText(seconds, m_ui.waveformView->length())); });

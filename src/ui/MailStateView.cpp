@@ -5,6 +5,7 @@
 #include "platform/MailConnection.h"
 #include "ui/MailWords.h"
 #include "ui/controls/ControlButton.h"
+#include "ui/controls/SeenClick.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -48,7 +49,7 @@ MailStateView::MailStateView(QWidget *parent)
     m_button->setHint(tr("Put Kest’s add-on into your Thunderbird profile"));
     m_button->hide();
     setFocusProxy(m_button);
-    connect(m_button, &QAbstractButton::clicked, this, &MailStateView::install);
+    onSeenClick(*m_button, this, [this] { install(); });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(gap);

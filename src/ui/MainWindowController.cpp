@@ -110,8 +110,10 @@ void MainWindowController::loadWindow()
         return new ASMail(m_dependencies.mailTransport, m_dependencies.alertPresenter, owner);
     });
     m_bindings->connectTree(*m_window);
-    connect(m_ui->recordButton, &QAbstractButton::pressed, this,
-            [this] { m_dependencies.recorderFactory.warmUp(); });
+    connect(m_ui->recordButton, &QAbstractButton::pressed, this, [this] {
+        if (m_window->isVisible()) // other programs can press it while nobody sees it
+            m_dependencies.recorderFactory.warmUp();
+    });
     connect(attachmentPopUp(), &PullDownButton::menuNeedsUpdate, this, &MainWindowController::menuNeedsUpdate);
     connect(attachmentsMenu(), &PullDownMenu::triggered, this, &MainWindowController::attachmentChosen);
     for (const QKeySequence::StandardKey keys : {QKeySequence::Quit, QKeySequence::Close})

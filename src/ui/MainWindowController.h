@@ -79,6 +79,9 @@ public:
     bool recordingActive() const { return m_recordingActive; }
     void setRecordingActive(bool active);
 
+    /// True while sound is being recorded: not while paused, nor after a trouble.
+    bool recordingGoesOn() const { return m_recordingGoesOn; }
+
     /// True while the preferences sheet is shown.
     bool sheetShowing() const { return m_sheetShowing; }
     void setSheetShowing(bool showing);
@@ -197,8 +200,6 @@ Q_SIGNALS:
 
     void helpRequested();
 
-    /// Sound is being recorded from now on, or no longer: it is paused, or has
-    /// ended, by a trouble too.
     void recordingGoesOnChanged(bool goesOn);
 
     /// The window says why the recording ended, or never began; `words` is the

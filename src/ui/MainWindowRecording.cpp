@@ -103,6 +103,8 @@ void MainWindowController::recordingFinished(bool kept)
         m_listening->showRecording({}, std::nullopt);
         if (m_recordingTrouble)
             sayNothingKept(m_recordingTrouble->first, m_recordingTrouble->second);
+        else // stopped before the microphone gave its first sound
+            sayTrouble(wordsForEmptyRecording(), {});
         return;
     }
     if (AudioFileRecorder *recorder = m_audioRecorder->recorder())

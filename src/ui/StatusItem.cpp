@@ -42,7 +42,9 @@ void StatusItem::showState()
     const bool active = m_window.recordingActive();
     const bool paused = active && m_window.audioRecorder() && m_window.audioRecorder()->recordingPaused();
     m_stop->setVisible(active);
-    m_icon->setToolTip(paused ? tr("Kest – paused") : active ? tr("Kest – recording") : tr("Kest"));
+    m_icon->setToolTip(paused                         ? tr("Kest – paused")
+                           : m_window.recordingGoesOn() ? tr("Kest – recording")
+                                                        : tr("Kest"));
 }
 
 } // namespace kest

@@ -70,6 +70,11 @@ QString wordsForNothingKept(RecordingTrouble trouble)
     return wordsFor(trouble);
 }
 
+QString wordsForEmptyRecording()
+{
+    return translated(QT_TRANSLATE_NOOP("kest::Wording", "Nothing was recorded: it was stopped before the first sound."));
+}
+
 // What it means comes first: a long name is cut off at the end of the line.
 QString wordsFor(InputCondition condition, const QString &microphone)
 {

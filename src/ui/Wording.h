@@ -14,6 +14,9 @@ QString wordsFor(RecordingTrouble trouble);
 /// file, so that nothing is kept.
 QString wordsForNothingKept(RecordingTrouble trouble);
 
+/// Stop came before the microphone gave anything, and nothing was wrong.
+QString wordsForEmptyRecording();
+
 /// What is wrong with what is heard, and what helps; empty where nothing is.
 /// `microphone` may be empty.
 QString wordsFor(InputCondition condition, const QString &microphone);

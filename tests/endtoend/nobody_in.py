@@ -67,6 +67,12 @@ class NobodyIn(unittest.TestCase):
         self.assertEqual(self.thunderbird.windows("Write: "), [])
         self.assertEqual(list(self.mail_server.outbox.glob("*.eml")), [])
 
+    def record_a_moment(self):
+        self.kest.click("Record")
+        wait_until(lambda: self.kest.time_text() != "--:--", "the recording to begin")
+        self.kest.click("Stop")
+        return wait_until(self.kest.only_recording, "the recording")
+
     def hide(self):
         window = self.person.window("^Kest$")
         self.windows.turn_to(self.calculator)
@@ -79,19 +85,34 @@ class NobodyIn(unittest.TestCase):
             self.assertEqual(again.wait(30), 0)
         self.assertNothingDone()
 
-    def test_a_hidden_window_carries_out_nothing(self):
-        record = self.kest.control("Record")
-        compose = self.kest.control("New Message")
+    def press_while_hidden(self):
+        """Everything that another program can press, until the window is back."""
+        controls = [self.kest.control(name) for name in ("Record", "New Message", "Reply", "Optional Message")]
         window = self.hide()
-        for control in (record, compose):
+        for control in controls:
             actions = control.queryAction()
             for number in range(actions.nActions):
                 actions.doAction(number)
         for keys in ("ctrl+r", "ctrl+n"):
             self.sandbox.run(["xdotool", "key", "--window", window, keys])
+        self.assertEqual(self.sound.recorders(), 0)
         self.kest.come_back()
         wait_until(lambda: self.windows.is_viewable(window), "the window to come back")
+        self.assertEqual(self.sound.recorders(), 0)
+
+    def test_a_hidden_window_carries_out_nothing(self):
+        self.press_while_hidden()
         self.assertNothingDone()
+
+    def test_with_a_recording_a_hidden_window_carries_out_nothing_either(self):
+        if not self.kest.recordings():
+            self.record_a_moment()
+        before = self.thunderbird.windows("Write: ")
+        recordings = self.kest.recordings()
+        self.press_while_hidden()
+        self.assertEqual(self.thunderbird.windows("Write: "), before)
+        self.assertEqual(self.kest.recordings(), recordings)
+        self.assertEqual(list(self.mail_server.outbox.glob("*.eml")), [])
 
     def test_another_addon_neither_starts_the_host_nor_is_heard_by_ours(self):
         wait_until(lambda: len(self.other_addon.heard) == 2, "the other add-on to have tried", 60)
@@ -115,10 +136,7 @@ class NobodyIn(unittest.TestCase):
         self.assertEqual(self.thunderbird.windows("Write: Not wanted"), [])
 
     def test_the_logs_of_all_three_say_nothing_of_what_was_written(self):
-        self.kest.click("Record")
-        wait_until(lambda: self.kest.time_text() != "--:--", "the recording to begin")
-        self.kest.click("Stop")
-        recording = wait_until(self.kest.only_recording, "the recording")
+        recording = self.record_a_moment()
         self.kest.click("New Message")
         self.thunderbird.wait_window(f"Write: {MARKER} subject", 60)
         self.kest.wait_until_idle(60)

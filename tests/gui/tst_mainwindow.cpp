@@ -210,6 +210,34 @@ private Q_SLOTS:
                  QString::fromUtf8("0:47  ·  2.0 kB"));
     }
 
+    void theButtonsOfAHiddenWindowDoNothing()
+    {
+        m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
+        prepareMessages({"c.m4a"});
+        m_house->openAndShow();
+        MailConnectionState state;
+        state.kind = MailConnectionState::Kind::AddOnMissing;
+        state.canInstall = true;
+        m_house->connection.setState(state);
+        m_house->click(QStringLiteral("Record"));
+        m_house->click(QStringLiteral("Stop"));
+        m_house->recorders.last()->finish();
+        const int warmUps = m_house->recorders.warmUps;
+        m_house->controller->orderOut();
+        int pressed = 0;
+        for (auto *button : m_house->controller->window()->findChildren<QAbstractButton *>()) {
+            pressed += button->isEnabled();
+            button->click(); // as a press over the accessibility bus ends
+        }
+        QVERIFY(pressed > 8);
+        QCOMPARE(m_house->recorders.warmUps, warmUps);
+        QCOMPARE(m_house->recorders.made.size(), 1);
+        QCOMPARE(m_house->connection.installs, 0);
+        QCOMPARE(QApplication::activePopupWidget(), nullptr);
+        QVERIFY(!m_house->controller->sheetShowing());
+        QVERIFY(m_house->controller->recordingExists());
+    }
+
     void anEmptyRecordingIsNotOffered()
     {
         m_house->settings->setBool(true, SettingsKeys::bWindowExpanded);
@@ -219,6 +247,8 @@ private Q_SLOTS:
         m_house->click(QStringLiteral("Stop"));
         m_house->recorders.last()->finish(false);
         QCOMPARE(m_house->find<ReadoutField>(QStringLiteral("Last Recording"))->text(), QStringLiteral("None yet"));
+        QCOMPARE(m_house->controller->notices().text(),
+                 QStringLiteral("Nothing was recorded: it was stopped before the first sound."));
         QVERIFY(!m_house->isEnabled(QStringLiteral("Show in Folder")));
     }
 

@@ -3,6 +3,7 @@
 #include "ui/controls/Icons.h"
 #include "ui/controls/PullDownAccessible.h"
 #include "ui/controls/PullDownMenu.h"
+#include "ui/controls/SeenClick.h"
 
 #include <QPainter>
 
@@ -21,7 +22,7 @@ PullDownButton::PullDownButton(QWidget *parent)
 {
     installPullDownAccessible();
     connect(m_menu, &PullDownMenu::imageChanged, this, QOverload<>::of(&QWidget::update));
-    connect(this, &QAbstractButton::clicked, this, &PullDownButton::openMenu);
+    onSeenClick(*this, this, [this] { openMenu(); });
 }
 
 QString PullDownButton::shownImage() const

@@ -6,6 +6,8 @@
 #include <QDBusPendingReply>
 #include <QVariantMap>
 
+#include <utility>
+
 namespace kest {
 
 namespace {
@@ -24,19 +26,33 @@ QDBusMessage callOf(const QString &method)
 void DesktopNotice::show(const QString &title, const QString &text)
 {
     m_isWanted = true;
+    m_title = title;
+    m_text = text;
+    m_hasChanged = m_isSent;
+    // A second one before the first has its number would stand beside it.
+    if (!m_isSent)
+        send();
+}
+
+void DesktopNotice::send()
+{
     QDBusMessage call = callOf(QStringLiteral("Notify"));
     const QVariantMap hints { { QStringLiteral("desktop-entry"), QStringLiteral("org.kest.Kest") } };
-    call << QStringLiteral("Kest") << m_id << QStringLiteral("org.kest.Kest") << title << text.toHtmlEscaped()
+    call << QStringLiteral("Kest") << m_id << QStringLiteral("org.kest.Kest") << m_title << m_text.toHtmlEscaped()
          << QStringList() << hints << untilDismissedByTheDesktop;
+    m_isSent = true;
     auto *watcher = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         const QDBusPendingReply<quint32> reply = *watcher;
         watcher->deleteLater();
-        if (reply.isError())
-            return;
-        m_id = reply.value();
+        m_isSent = false;
+        const bool changed = std::exchange(m_hasChanged, false);
+        if (!reply.isError())
+            m_id = reply.value();
         if (!m_isWanted)
             close();
+        else if (changed)
+            send();
     });
 }
 

@@ -24,10 +24,15 @@ public:
     void withdraw();
 
 private:
+    void send();
     void close();
 
-    quint32 m_id = 0;         // the service's; 0 while none is known
+    QString m_title;
+    QString m_text;
+    quint32 m_id = 0; // the service's; 0 while none is known
     bool m_isWanted = false;
+    bool m_isSent = false;    // and not answered yet
+    bool m_hasChanged = false; // since it was sent
 };
 
 } // namespace kest

@@ -171,8 +171,10 @@ void DBusMailConnection::setState(const MailConnectionState &state)
 void DBusMailConnection::installAddOn()
 {
     QStringList command = m_addOn.installCommand();
-    if (command.isEmpty() || m_installer.state() != QProcess::NotRunning)
+    if (m_installer.state() != QProcess::NotRunning)
         return;
+    if (command.isEmpty())
+        return endInstall(tr("The add-on could not be installed."));
     const QString program = command.takeFirst();
     m_installer.start(program, command, QIODevice::ReadOnly);
     m_installLimit.start(installLimit);
@@ -186,7 +188,8 @@ void DBusMailConnection::installCommandEnded()
         return endInstall(tr("Quit %1 first, then install the add-on.").arg(m_state.application));
     // Its own words are for those who can use a terminal: still better than none.
     const QString words = QString::fromLocal8Bit(m_installer.readAllStandardError()).trimmed();
-    endInstall(words.isEmpty() ? tr("The add-on could not be installed.") : words.section(u": "_s, 1));
+    const QString reason = words.section(u": "_s, 1);
+    endInstall(reason.isEmpty() ? tr("The add-on could not be installed.") : reason);
 }
 
 void DBusMailConnection::endInstall(const QString &problem)

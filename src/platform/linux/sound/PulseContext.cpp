@@ -189,10 +189,8 @@ void PulseContext::takeServerInfo(const pa_server_info *info)
 {
     if (!m_context)
         return;
-    if (!info) {
-        m_refreshing = false;
-        return;
-    }
+    if (!info)
+        return endRefresh();
     m_collected.connected = true;
     m_isPipeWire = textOf(info->server_name).find("PipeWire") != std::string::npos;
     m_lastToldDefault = textOf(info->default_source_name);
@@ -202,7 +200,9 @@ void PulseContext::takeServerInfo(const pa_server_info *info)
         m_context,
         [](pa_context *, const pa_source_info *source, int end, void *self) {
             auto *context = static_cast<PulseContext *>(self);
-            if (end)
+            if (end < 0)
+                context->endRefresh(); // half a list would look like microphones that went away
+            else if (end > 0)
                 context->publish();
             else
                 context->takeSource(source);
@@ -227,14 +227,19 @@ void PulseContext::publish()
 {
     if (!m_context)
         return;
-    m_refreshing = false;
     {
         const std::lock_guard lock(m_mutex);
         m_published = m_collected;
     }
     for (const auto &listener : Listeners(m_listeners))
         listener->sourcesChanged();
-    if (std::exchange(m_refreshAgain, false))
+    endRefresh();
+}
+
+void PulseContext::endRefresh()
+{
+    m_refreshing = false;
+    if (m_context && std::exchange(m_refreshAgain, false))
         refresh();
 }
 

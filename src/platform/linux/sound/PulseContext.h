@@ -78,6 +78,7 @@ private:
     void takeServerInfo(const pa_server_info *info);
     void takeSource(const pa_source_info *info);
     void publish();
+    void endRefresh();
 
     const QString m_applicationName;
     mutable std::mutex m_mutex; // guards m_published, for the length of a copy

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <functional>
+
+class QAbstractButton;
+class QObject;
+
+namespace kest {
+
+/// Calls `clicked` for the clicks of a button that can be seen, as long as
+/// `context` lives.
+///
+/// A person presses what can be seen; over the accessibility bus any program
+/// presses anything, and such a press lasts so long that the window may be back
+/// when it clicks. So it counts only when the window was there at both ends.
+void onSeenClick(QAbstractButton &button, QObject *context, std::function<void()> clicked);
+
+} // namespace kest
