@@ -8,6 +8,17 @@ constexpr int fragmentMilliseconds = 20;
 constexpr qint64 nanosecondsPerMicrosecond = 1000;
 constexpr qint64 nanosecondsPerSecond = 1'000'000'000;
 
+/// One that is only being made cannot be taken back yet; with nobody to hear it, it would keep the microphone open for as
+/// long as the connection lasts. The context holds it until then.
+void disconnectWhenMade(pa_stream *stream)
+{
+    const auto stateChanged = [](pa_stream *made, void *) {
+        if (pa_stream_get_state(made) == PA_STREAM_READY)
+            pa_stream_disconnect(made);
+    };
+    pa_stream_set_state_callback(stream, stateChanged, nullptr);
+}
+
 } // namespace
 
 CaptureStream::CaptureStream(PulseContext &context, const PulseSource &source, CaptureStreamListener &listener)
@@ -21,7 +32,10 @@ CaptureStream::~CaptureStream()
         return;
     pa_stream_set_state_callback(m_stream, nullptr, nullptr);
     pa_stream_set_read_callback(m_stream, nullptr, nullptr);
-    pa_stream_disconnect(m_stream);
+    if (pa_stream_get_state(m_stream) == PA_STREAM_CREATING)
+        disconnectWhenMade(m_stream);
+    else
+        pa_stream_disconnect(m_stream);
     pa_stream_unref(m_stream);
 }
 
