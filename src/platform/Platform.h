@@ -8,6 +8,7 @@
 #include "platform/FolderContents.h"
 #include "platform/MailConnection.h"
 #include "platform/MailTransport.h"
+#include "platform/MicrophoneTrial.h"
 #include "platform/ProcessInfo.h"
 #include "platform/SleepHold.h"
 #include "platform/Trash.h"
@@ -29,6 +30,7 @@ struct Platform {
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
     std::unique_ptr<AudioFilePlayer> player;
+    std::unique_ptr<MicrophoneTrial> microphoneTrial;
     std::unique_ptr<MailTransport> mailTransport;
     std::unique_ptr<MailConnection> mailConnection; // hears of what the transport hears
     std::unique_ptr<Workspace> workspace; // watches the mail transport, so it goes first

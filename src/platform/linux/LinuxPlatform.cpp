@@ -46,6 +46,7 @@ Platform makeLinuxPlatform()
     platform.audioHardware = std::move(sound.audioHardware);
     platform.recorderFactory = std::move(sound.recorderFactory);
     platform.player = std::move(sound.player);
+    platform.microphoneTrial = std::move(sound.microphoneTrial);
     auto mailTransport = std::make_unique<DBusMailTransport>();
     platform.mailConnection = std::make_unique<DBusMailConnection>(mailTransport->services());
     platform.mailTransport = std::move(mailTransport);

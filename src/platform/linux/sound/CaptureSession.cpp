@@ -26,16 +26,16 @@ constexpr qsizetype samplesWorthWaking = 2048;
 
 } // namespace
 
-std::shared_ptr<CaptureSession> CaptureSession::start(const std::shared_ptr<PulseContext> &context)
+std::shared_ptr<CaptureSession> CaptureSession::start(const std::shared_ptr<PulseContext> &context, Keeping keeping)
 {
-    auto session = std::make_shared<CaptureSession>(context);
+    auto session = std::make_shared<CaptureSession>(context, keeping);
     context->thread().post([session] { session->open(); });
     return session;
 }
 
-CaptureSession::CaptureSession(const std::shared_ptr<PulseContext> &context)
-    : m_owner(context), m_context(context.get()), m_gate(CaptureStream::sampleRate), m_meter(CaptureStream::sampleRate),
-      m_inputWatch(CaptureStream::sampleRate)
+CaptureSession::CaptureSession(const std::shared_ptr<PulseContext> &context, Keeping keeping)
+    : m_owner(context), m_context(context.get()), m_keeping(keeping), m_gate(CaptureStream::sampleRate),
+      m_meter(CaptureStream::sampleRate), m_inputWatch(CaptureStream::sampleRate)
 {
 }
 
@@ -167,8 +167,10 @@ void CaptureSession::tellInputCondition()
 
 void CaptureSession::keep(const float *samples, qsizetype count)
 {
-    const qsizetype taken = m_ring.write(samples, count);
     m_meter.add(samples, count);
+    if (m_keeping == Keeping::Nothing)
+        return;
+    const qsizetype taken = m_ring.write(samples, count);
     const qint64 before = m_captured.fetch_add(taken, std::memory_order_acq_rel);
     if (before == 0 && taken > 0 && m_events.captureStarted)
         m_events.captureStarted();

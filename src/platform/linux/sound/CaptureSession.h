@@ -19,7 +19,7 @@ namespace kest {
 /// The capture of one recording, from opening the microphone to the last sample.
 ///
 /// Commands may come from any thread and never wait. Samples that belong to the
-/// recording lie in the ring for one reader; the session has ended when
+/// recording lie in the ring for one reader, unless nothing is to be kept; the session has ended when
 /// `hasEnded` says so and the ring is empty. Ends by itself when the microphone
 /// or the server fails; what was captured stays in the ring.
 class CaptureSession final : public std::enable_shared_from_this<CaptureSession>,
@@ -27,6 +27,11 @@ class CaptureSession final : public std::enable_shared_from_this<CaptureSession>
                              public CaptureStreamListener
 {
 public:
+    enum class Keeping {
+        Samples, ///< For the reader.
+        Nothing, ///< They are metered and forgotten; `read` gives none.
+    };
+
     /// Called on the PulseThread.
     struct Events {
         std::function<void()> captureStarted; ///< Once, with the first sample of the recording.
@@ -35,9 +40,10 @@ public:
     };
 
     /// Begins to open the microphone. Not running until `resume`.
-    static std::shared_ptr<CaptureSession> start(const std::shared_ptr<PulseContext> &context);
+    static std::shared_ptr<CaptureSession> start(const std::shared_ptr<PulseContext> &context,
+                                                 Keeping keeping = Keeping::Samples);
 
-    explicit CaptureSession(const std::shared_ptr<PulseContext> &context);
+    CaptureSession(const std::shared_ptr<PulseContext> &context, Keeping keeping);
 
     /// Who hears the events; those that already happened are told now.
     void setEvents(Events events);
@@ -84,6 +90,7 @@ private:
     // Not owned: the last owner must not be the thread that ends with the context.
     const std::weak_ptr<PulseContext> m_owner; // for other threads
     PulseContext *const m_context;             // for the PulseThread, which ends before the context does
+    const Keeping m_keeping;
     CaptureGate m_gate;
     SampleRing m_ring;
     WakeUp m_samplesReady;

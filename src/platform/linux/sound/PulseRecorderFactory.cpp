@@ -2,6 +2,7 @@
 
 #include "platform/Error.h"
 #include "platform/linux/sound/PulseHardware.h"
+#include "platform/linux/sound/PulseMicrophoneTrial.h"
 #include "platform/linux/sound/PulsePlayer.h"
 #include "platform/linux/sound/PulseSound.h"
 #include "platform/linux/sound/RecordingRecovery.h"
@@ -111,7 +112,8 @@ PulseSound makePulseSound(const PulseSoundOptions &options)
         options.journalFolder.isEmpty() ? RecordingJournal::defaultFolder() : options.journalFolder);
     const auto decoders = options.decoders ? options.decoders : std::make_shared<DecoderLoader>();
     return {std::make_unique<PulseRecorderFactory>(context, encoders, journal),
-            std::make_unique<PulseHardware>(context), std::make_unique<PulsePlayer>(context, decoders)};
+            std::make_unique<PulseHardware>(context), std::make_unique<PulsePlayer>(context, decoders),
+            std::make_unique<PulseMicrophoneTrial>(context)};
 }
 
 } // namespace kest

@@ -3,6 +3,7 @@
 #include "platform/AudioFilePlayer.h"
 #include "platform/AudioFileRecorder.h"
 #include "platform/AudioHardware.h"
+#include "platform/MicrophoneTrial.h"
 
 #include <QByteArray>
 #include <QString>
@@ -23,12 +24,14 @@ struct PulseSoundOptions {
     std::shared_ptr<DecoderLoader> decoders; ///< Likewise.
 };
 
-/// The sound server as the program sees it: recorders, a player and hardware
-/// queries over one connection, which is made in the background and never waited for.
+/// The sound server as the program sees it: recorders, a player, the trial of
+/// the microphone and hardware queries over one connection, which is made in the
+/// background and never waited for.
 struct PulseSound {
     std::unique_ptr<AudioFileRecorderFactory> recorderFactory;
     std::unique_ptr<AudioHardware> audioHardware;
     std::unique_ptr<AudioFilePlayer> player;
+    std::unique_ptr<MicrophoneTrial> microphoneTrial;
 };
 
 /// Main thread. Returns at once, whatever state the sound server is in.
