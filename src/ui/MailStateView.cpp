@@ -48,7 +48,6 @@ MailStateView::MailStateView(QWidget *parent)
     m_button->setAccessibleName(tr("Install Add-on"));
     m_button->setHint(tr("Put Kest’s add-on into your Thunderbird profile"));
     m_button->hide();
-    setFocusProxy(m_button);
     onSeenClick(*m_button, this, [this] { install(); });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -69,6 +68,11 @@ void MailStateView::watch(MailConnection &connection, UserDefaults &settings)
     });
     showState();
     look();
+}
+
+QWidget *MailStateView::button() const
+{
+    return m_button;
 }
 
 QString MailStateView::text() const

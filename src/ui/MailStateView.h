@@ -26,6 +26,10 @@ public:
 
     QString text() const;
 
+    /// For the tab order; not always shown. The view itself takes no focus: one that hands it on to a hidden button would
+    /// hold the keyboard there.
+    QWidget *button() const;
+
 Q_SIGNALS:
     /// Installing the add-on has ended; `words` say how.
     void installTold(const QString &words);

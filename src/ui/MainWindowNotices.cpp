@@ -94,7 +94,7 @@ void MainWindowController::connectNotices()
     });
     connect(m_ui->mailStateView, &MailStateView::installTold, this,
             [this](const QString &words) { m_notices.tell(NoticePlace::Subject::Hint, words); });
-    QWidget::setTabOrder(m_ui->discardButton, m_ui->mailStateView->focusProxy());
+    QWidget::setTabOrder(m_ui->discardButton, m_ui->mailStateView->button());
     m_ui->mailStateView->watch(m_dependencies.mailConnection, m_dependencies.userDefaults);
     updateStatusNotice();
     showNotice();

@@ -124,6 +124,20 @@ private Q_SLOTS:
         QCOMPARE(m_house->connection.installs, 1);
     }
 
+    void theKeyboardPassesByAButtonThatIsNotThere()
+    {
+        m_house->connection.setState(standing(Kind::Connected, {QStringLiteral("Home")}));
+        QWidget *const first = m_house->find(QStringLiteral("Record"));
+        first->setFocus();
+        QList<QWidget *> visited;
+        do {
+            visited.append(QApplication::focusWidget());
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        } while (visited.size() < 30 && !visited.contains(QApplication::focusWidget()));
+        QCOMPARE(QApplication::focusWidget(), first);
+        QVERIFY(visited.contains(m_house->find(QStringLiteral("Help"))));
+    }
+
     void aCollapsedWindowLooksAtNothing()
     {
         m_house->settings->setBool(false, SettingsKeys::bWindowExpanded);
