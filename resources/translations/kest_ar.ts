@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>مرحبًا بك في Kest</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>تحدّث ثم أوقف، وبنقرة واحدة يصبح كلامك رسالة بريد.
+يمكنك أن تتأكد أولًا من أن كل شيء جاهز.</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>الميكروفون</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>البريد</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>يمكن تخطي الاثنين.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>ابدأ</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>الانتقال إلى نافذة التسجيل</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>نص الرسالة</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>اضغط الزر وتحدّث. لا يُسجَّل شيء.</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>لم يُسمع شيء بعد. قل شيئًا.</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>صوتك مسموع.</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>سُمع صوتك.</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>لم يُسمع شيء. هل الميكروفون مكتوم؟</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>اسم الميكروفون</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>مستوى الإدخال</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>لم يُعثر على ميكروفون. وصّل واحدًا وحاول مجددًا.</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>انقطع الميكروفون. وصّله وحاول مجددًا.</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>لا يستجيب أي خادم صوت. حاول مجددًا بعد لحظة.</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>لا يعطي الميكروفون صوتًا. حاول مجددًا أو اختر غيره.</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>لا يوجد ميكروفون</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>إيقاف الاستماع</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>تجربة الميكروفون</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>إغلاق الميكروفون</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>فتح الميكروفون وإظهار مستواه</translation>
     </message>
 </context>
 <context>

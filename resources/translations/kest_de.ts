@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>Willkommen bei Kest</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>Sprechen, anhalten – und ein Klick macht eine E-Mail daraus.
+Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Mikrofon</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>E-Mail</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>Beides können Sie überspringen.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Loslegen</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>Zum Aufnahmefenster gehen</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>Text der Nachricht</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>Knopf drücken und sprechen. Aufgenommen wird nichts.</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>Noch ist nichts zu hören. Sagen Sie etwas.</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>Sie sind zu hören.</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>Sie waren zu hören.</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>Nichts war zu hören. Ist das Mikrofon stumm?</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>Name des Mikrofons</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>Eingangspegel</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>Kein Mikrofon gefunden. Schließen Sie eines an und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>Das Mikrofon ist weg. Schließen Sie es an und versuchen Sie es noch einmal.</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>Kein Sound-Server antwortet. Versuchen Sie es gleich noch einmal.</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>Das Mikrofon liefert keinen Ton. Versuchen Sie es noch einmal oder wählen Sie ein anderes.</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Kein Mikrofon gefunden</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>Nicht mehr zuhören</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>Mikrofon ausprobieren</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>Das Mikrofon schließen</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>Das Mikrofon öffnen und seinen Pegel zeigen</translation>
     </message>
 </context>
 <context>

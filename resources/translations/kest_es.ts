@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>Bienvenido a Kest</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>Hable, detenga, y un clic lo convierte en un correo.
+Si quiere, compruebe antes que todo está listo.</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Micrófono</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>Correo</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>Puede omitir ambas cosas.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Empezar</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>Ir a la ventana de grabación</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>Texto del mensaje</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>Pulse el botón y hable. No se graba nada.</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>Aún no se oye nada. Diga algo.</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>Se le oye.</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>Se le ha oído.</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>No se ha oído nada. ¿Está silenciado el micrófono?</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>Nombre del micrófono</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>Nivel de entrada</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>No se encontró micrófono. Conecte uno e inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>El micrófono ya no está. Conéctelo e inténtelo de nuevo.</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>Ningún servidor de sonido responde. Inténtelo de nuevo en un momento.</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>El micrófono no da sonido. Inténtelo de nuevo o elija otro.</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>No hay micrófono</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>Dejar de escuchar</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>Probar el micrófono</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>Cerrar el micrófono</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>Abrir el micrófono y mostrar su nivel</translation>
     </message>
 </context>
 <context>

@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>Bienvenue dans Kest</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>Parlez, arrêtez, et un clic en fait un e-mail.
+Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Microphone</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>Courrier</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>Vous pouvez passer ces deux étapes.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Commencer</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>Aller à la fenêtre d’enregistrement</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>Texte du message</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>Appuyez sur le bouton et parlez. Rien n’est enregistré.</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>On n’entend rien pour l’instant. Dites quelque chose.</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>On vous entend.</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>On vous a entendu.</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>On n’a rien entendu. Le microphone est-il coupé ?</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>Nom du microphone</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>Niveau d’entrée</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>Aucun microphone trouvé. Branchez-en un et réessayez.</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>Le microphone a disparu. Branchez-le et réessayez.</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>Aucun serveur de son ne répond. Réessayez dans un instant.</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>Le microphone ne donne aucun son. Réessayez, ou choisissez-en un autre.</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Aucun microphone</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>Ne plus écouter</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>Essayer le microphone</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>Fermer le microphone</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>Ouvrir le microphone et montrer son niveau</translation>
     </message>
 </context>
 <context>

@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>Kest へようこそ</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>話して、止めて、ワンクリックでメールになります。
+よろしければ、先に準備ができているか確かめてください。</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>マイク</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>メール</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>どちらも省略できます。</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>始める</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>録音するウィンドウに進みます</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>メッセージの本文</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>ボタンを押して話してください。録音はされません。</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>まだ何も聞こえません。何か話してください。</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>聞こえています。</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>聞こえました。</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>何も聞こえませんでした。マイクがミュートになっていませんか？</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>マイクの名前</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>入力レベル</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>マイクが見つかりません。つないで、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>マイクがなくなりました。つないで、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>サウンドサーバーが応答しません。少ししてから、もう一度お試しください。</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>マイクから音が来ません。もう一度試すか、別のマイクを選んでください。</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>マイクがありません</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>聞くのをやめる</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>マイクを試す</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>マイクを閉じます</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>マイクを開いて音量を表示します</translation>
     </message>
 </context>
 <context>

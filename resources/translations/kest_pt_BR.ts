@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>Boas-vindas ao Kest</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>Fale, pare, e um clique faz disso um e-mail.
+Se quiser, veja antes se está tudo pronto.</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>Microfone</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>E-mail</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>Você pode pular as duas coisas.</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>Começar</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>Ir para a janela de gravação</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>Texto da mensagem</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>Aperte o botão e fale. Nada é gravado.</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>Ainda não se ouve nada. Diga algo.</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>Dá para ouvir você.</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>Deu para ouvir você.</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>Não se ouviu nada. O microfone está mudo?</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>Nome do microfone</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>Nível de entrada</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>Nenhum microfone encontrado. Conecte um e tente de novo.</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>O microfone sumiu. Conecte-o e tente de novo.</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>Nenhum servidor de som responde. Tente de novo daqui a pouco.</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>O microfone não dá som. Tente de novo ou escolha outro.</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>Nenhum microfone</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>Parar de ouvir</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>Testar o microfone</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>Fechar o microfone</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>Abrir o microfone e mostrar seu nível</translation>
     </message>
 </context>
 <context>

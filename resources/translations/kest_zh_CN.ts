@@ -430,6 +430,39 @@
     </message>
 </context>
 <context>
+    <name>WelcomeSheet</name>
+    <message>
+        <source>Welcome to Kest</source>
+        <translation>欢迎使用 Kest</translation>
+    </message>
+    <message>
+        <source>Speak, stop, and one click makes a mail of it.
+If you like, see first that all is ready.</source>
+        <translation>说话、停止，一键就成为邮件。
+如果愿意，可以先看看是否一切就绪。</translation>
+    </message>
+    <message>
+        <source>Microphone</source>
+        <translation>麦克风</translation>
+    </message>
+    <message>
+        <source>Mail</source>
+        <translation>邮件</translation>
+    </message>
+    <message>
+        <source>Both checks can be skipped.</source>
+        <translation>这两项都可以跳过。</translation>
+    </message>
+    <message>
+        <source>Start</source>
+        <translation>开始</translation>
+    </message>
+    <message>
+        <source>Go to the window to record in</source>
+        <translation>进入录音窗口</translation>
+    </message>
+</context>
+<context>
     <name>kest</name>
     <message>
         <source>Stored recordings folder is missing or has been moved. You need to choose it again.</source>
@@ -856,6 +889,73 @@
     <message>
         <source>Text of the Message</source>
         <translation>消息正文</translation>
+    </message>
+</context>
+<context>
+    <name>kest::MicrophoneTrialView</name>
+    <message>
+        <source>Press the button and speak. Nothing is recorded.</source>
+        <translation>按下按钮并说话。不会录音。</translation>
+    </message>
+    <message>
+        <source>Nothing heard yet. Say something.</source>
+        <translation>还没有听到声音。请说点什么。</translation>
+    </message>
+    <message>
+        <source>You are heard.</source>
+        <translation>听到您了。</translation>
+    </message>
+    <message>
+        <source>You were heard.</source>
+        <translation>已听到您的声音。</translation>
+    </message>
+    <message>
+        <source>Nothing was heard. Is the microphone muted?</source>
+        <translation>没有听到声音。麦克风静音了吗？</translation>
+    </message>
+    <message>
+        <source>Microphone Name</source>
+        <translation>麦克风名称</translation>
+    </message>
+    <message>
+        <source>Input Level</source>
+        <translation>输入音量</translation>
+    </message>
+    <message>
+        <source>No microphone was found. Plug one in and try again.</source>
+        <translation>未找到麦克风。请接上一个再试。</translation>
+    </message>
+    <message>
+        <source>The microphone went away. Plug it in and try again.</source>
+        <translation>麦克风断开了。请接上再试。</translation>
+    </message>
+    <message>
+        <source>No sound server answers. Try again in a moment.</source>
+        <translation>声音服务器没有响应。请稍后再试。</translation>
+    </message>
+    <message>
+        <source>The microphone gives no sound. Try again, or choose another one.</source>
+        <translation>麦克风没有声音。请重试，或选择另一个。</translation>
+    </message>
+    <message>
+        <source>No microphone found</source>
+        <translation>没有麦克风</translation>
+    </message>
+    <message>
+        <source>Stop Listening</source>
+        <translation>停止聆听</translation>
+    </message>
+    <message>
+        <source>Try the Microphone</source>
+        <translation>试试麦克风</translation>
+    </message>
+    <message>
+        <source>Close the microphone</source>
+        <translation>关闭麦克风</translation>
+    </message>
+    <message>
+        <source>Open the microphone and show its level</source>
+        <translation>打开麦克风并显示音量</translation>
     </message>
 </context>
 <context>

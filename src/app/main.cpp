@@ -2,6 +2,7 @@
 #include "app/Application.h"
 #include "app/Translations.h"
 #include "app/UserDefaults.h"
+#include "app/Welcome.h"
 #include "mail/ASMail.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "platform/linux/desktop/ColorSchemeWatch.h"
@@ -54,10 +55,12 @@ void followColorScheme(ColorSchemeWatch &watch)
 int run(Application &application, SingleInstance &instance)
 {
     Platform platform = makeLinuxPlatform();
+    const WelcomeMarker welcomed(settingsPath()); // before anything is written
     UserDefaults defaults(settingsPath());
     Alert alerts;
     ColorSchemeWatch colors;
     followColorScheme(colors);
+    Welcome welcome(platform, defaults, welcomed);
     {
         AppDelegate delegate(platform, defaults, alerts);
         if (!AppDelegate::initialize(platform, defaults))
@@ -71,6 +74,7 @@ int run(Application &application, SingleInstance &instance)
         QObject::connect(&instance, &SingleInstance::activated, &wayland, &WaylandReturn::begin);
         delegate.applicationDidFinishLaunching();
         alerts.setWindow(delegate.winController()->window());
+        welcome.showSoon(*delegate.winController());
         QTimer::singleShot(serveDelay, &instance, &SingleInstance::serve);
         application.exec();
     }

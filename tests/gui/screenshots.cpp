@@ -6,11 +6,14 @@
 // the desktop's font.
 
 #include "app/SettingsTable.h"
+#include "fakes/FakeMicrophoneTrial.h"
 #include "gui/Languages.h"
 #include "gui/WindowHouse.h"
 #include "ui/Appearance.h"
+#include "ui/WelcomeSheet.h"
 #include "ui/controls/ReadoutField.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
@@ -79,6 +82,35 @@ struct Studio {
         Q_EMIT house.settings->troubleOccurred(QStringLiteral("The settings cannot be saved: Read-only file system."));
         takeSheet(QStringLiteral("preferences-reply"));
         house.controller->preferences()->closePrefsSheet();
+    }
+
+    /// The welcome: as it comes up, heard, without add-on and microphone, and where it stands on the screen.
+    void takeWelcome()
+    {
+        connectMail();
+        FakeMicrophoneTrial trial;
+        WelcomeSheet sheet({trial, house.connection, *house.settings}, house.controller->window());
+        const auto takeIt = [&](const QString &name) {
+            QTest::qWait(500); // the bar and its words
+            sheet.grab().save(folder.filePath(name + suffix + QStringLiteral(".png")));
+        };
+        sheet.begin();
+        takeIt(QStringLiteral("welcome"));
+        trial.heard = -24.0F;
+        sheet.findChild<QAbstractButton *>(QStringLiteral("trialButton"))->click();
+        takeIt(QStringLiteral("welcome-heard"));
+        QGuiApplication::primaryScreen()->grabWindow(0).save(
+            folder.filePath(QStringLiteral("welcome-screen") + suffix + QStringLiteral(".png")));
+        house.connection.setState({.kind = MailConnectionState::Kind::AddOnMissing,
+                                   .application = QStringLiteral("Thunderbird"),
+                                   .accounts = {},
+                                   .version = {},
+                                   .canInstall = true,
+                                   .mustQuitFirst = true});
+        trial.fail(RecordingTrouble::NoSound);
+        sheet.findChild<QAbstractButton *>(QStringLiteral("trialButton"))->setFocus(Qt::TabFocusReason);
+        takeIt(QStringLiteral("welcome-trouble"));
+        sheet.reject();
     }
 
     /// Made up as speech looks: words, and pauses between them.
@@ -202,6 +234,7 @@ int main(int argc, char **argv)
     studio.takeAll();
     studio.takeListening();
     studio.takePreferences();
+    studio.takeWelcome();
     studio.takePortrait();
     return 0;
 }

@@ -1,7 +1,9 @@
 #include "app/SettingsTable.h"
+#include "fakes/FakeMicrophoneTrial.h"
 #include "gui/CutTexts.h"
 #include "gui/Languages.h"
 #include "gui/WindowHouse.h"
+#include "ui/WelcomeSheet.h"
 #include "ui/Wording.h"
 
 #include <QScrollArea>
@@ -119,6 +121,29 @@ private Q_SLOTS:
         QVERIFY2(sheet->width() <= sheet->screen()->availableSize().width(), qPrintable(QString::number(sheet->width())));
         QVERIFY(!sheet->findChild<QScrollArea *>()->horizontalScrollBar()->isVisible());
         QCOMPARE(cutTexts(*sheet).join(u'\n'), QString());
+    }
+
+    void theWelcomeCutsNothing_data() { addLanguages(); }
+
+    void theWelcomeCutsNothing()
+    {
+        QFETCH(QString, language);
+        begin(language);
+        m_house->connection.setState({.kind = MailConnectionState::Kind::AddOnMissing,
+                                      .application = u"Thunderbird"_s,
+                                      .accounts = {},
+                                      .version = {},
+                                      .canInstall = true,
+                                      .mustQuitFirst = true});
+        FakeMicrophoneTrial trial;
+        WelcomeSheet sheet({trial, m_house->connection, *m_house->settings}, window());
+        sheet.begin();
+        QVERIFY(QTest::qWaitForWindowExposed(&sheet, 30000));
+        QTRY_COMPARE(cutTexts(sheet).join(u'\n'), QString());
+        sheet.findChild<QAbstractButton *>(u"trialButton"_s)->click();
+        QTRY_COMPARE(cutTexts(sheet).join(u'\n'), QString());
+        trial.fail(RecordingTrouble::NoMicrophone);
+        QTRY_COMPARE(cutTexts(sheet).join(u'\n'), QString());
     }
 
     void troublesAndWarningsFitTheirLine_data() { addLanguages(); }

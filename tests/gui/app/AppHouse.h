@@ -7,6 +7,7 @@
 #include "fakes/FakeAudioHardware.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeMailConnection.h"
+#include "fakes/FakeMicrophoneTrial.h"
 #include "fakes/FakeSleepHold.h"
 #include "fakes/FakeWorkspace.h"
 #include "fakes/RecordingAlertPresenter.h"
@@ -66,6 +67,7 @@ struct AppHouse {
         platform.audioHardware = std::make_unique<FakeAudioHardware>();
         platform.recorderFactory = std::make_unique<NotingRecorderFactory>();
         platform.player = std::make_unique<FakeAudioFilePlayer>();
+        platform.microphoneTrial = std::make_unique<FakeMicrophoneTrial>();
         platform.mailTransport = std::make_unique<RecordingMailTransport>();
         platform.mailConnection = std::make_unique<FakeMailConnection>();
         platform.workspace = std::make_unique<FakeWorkspace>();

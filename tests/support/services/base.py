@@ -44,6 +44,7 @@ def free_port():
 class Sandbox:
     """A throw-away home with XDG folders and a runtime folder, and the processes started in it.
 
+    `welcomed` is what Kest leaves at its first start; take it away to be welcomed.
     `env` is the environment for everything that runs in it; services add to it. Used as a context manager: at its end
     every process started here is ended by its id, last one first, and the folder is removed (kept when `keep`).
     """
@@ -73,6 +74,10 @@ class Sandbox:
             DBUS_SYSTEM_BUS_ADDRESS="disabled:")
         for name in ("XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME", "XDG_CACHE_HOME", "TMPDIR"):
             Path(self.env[name]).mkdir(parents=True, exist_ok=True)
+        # Most that runs here is for somebody who has used Kest before.
+        self.welcomed = Path(self.env["XDG_STATE_HOME"]) / "kest" / "welcomed"
+        self.welcomed.parent.mkdir(mode=0o700, exist_ok=True)
+        self.welcomed.touch()
         self.processes = []
         self.at_close = []  # Called, last one first, before the processes are ended.
 
