@@ -164,10 +164,14 @@ class UnderXwayland(WaylandCase):
         self.hide_by_turning_away()
         self.compositor.turn_to(desktop.inbox)
         wait_until(self.is_shown, "the window to come back")
-        self.kest.click("Record")
-        wait_until(lambda: self.in_front() == "Kest", "the window to take the focus from the click")
+        wait_until(self.a_click_brings_it_to_the_front, "the window to take the focus from a click", 60, every=2)
         wait_until(lambda: self.kest.time_text() > "00:00", "the time to run")
 
+    def a_click_brings_it_to_the_front(self):
+        """Where Record lies is known to others a moment after the window came: a click may go beside it."""
+        if self.in_front() != "Kest":
+            self.kest.click("Record")
+        return self.in_front() == "Kest"
 
     def test_starting_it_again_brings_it_back_with_the_focus(self):
         self.hide_by_turning_away()
