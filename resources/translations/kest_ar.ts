@@ -624,6 +624,58 @@ If you like, see first that all is ready.</source>
         <source>No optional outgoing messages folder set</source>
         <translation>لم يُحدَّد مجلد للرسائل الجاهزة</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>لم يصل «%1» كاملاً.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>لا يوجد في Thunderbird حساب يمكنه إرسال البريد.</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>أُغلقت الرسالة قبل إرسالها.</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>ليس للرسالة مستلم.</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>لا يتيح Thunderbird إرسال هذه الرسالة: ربما كان غير متصل، أو كان أحد العناوين ناقصًا.</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>تعذّر على Thunderbird إرسال الرسالة؛ وهي ما زالت مفتوحة فيه.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>ليس لدى Thunderbird نافذة لعرضها.</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>يقول Thunderbird: %1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 مشغول بطلبات أخرى.</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>أحد المرفقات ليس ملفًا عاديًا يمكن قراءته.</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>تعذّرت قراءة أحد المرفقات: %1.</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>أعطت الإضافة جوابًا غير مفهوم.</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>لا يُسمح بهذا إلا لـ Kest، والطالب ليس Kest الذي يعمل الآن.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

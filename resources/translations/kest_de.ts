@@ -624,6 +624,58 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <source>No optional outgoing messages folder set</source>
         <translation>Kein Ordner für vorbereitete Nachrichten eingestellt</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>„%1“ ist nicht vollständig angekommen.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>Thunderbird hat kein Konto, das senden kann.</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>Die Nachricht wurde geschlossen, bevor sie gesendet war.</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>Die Nachricht hat keinen Empfänger.</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>Thunderbird bietet das Senden dieser Nachricht nicht an: Vielleicht ist es offline, oder eine Adresse ist unvollständig.</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>Thunderbird konnte die Nachricht nicht senden; sie ist dort noch offen.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>Thunderbird hat kein Fenster, das es zeigen könnte.</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>Thunderbird meldet: %1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 ist mit anderen Anfragen beschäftigt.</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>Ein Anhang ist keine gewöhnliche Datei, die gelesen werden kann.</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>Ein Anhang kann nicht gelesen werden: %1.</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>Das Add-on hat eine Antwort gegeben, die keinen Sinn ergibt.</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>Das darf nur Kest, und der Aufrufer ist nicht das laufende Kest.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -624,6 +624,58 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <source>No optional outgoing messages folder set</source>
         <translation>No hay carpeta de mensajes preparados</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>«%1» no ha llegado completo.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>Thunderbird no tiene ninguna cuenta que pueda enviar correo.</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>El mensaje se cerró antes de enviarse.</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>El mensaje no tiene destinatario.</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>Thunderbird no permite enviar este mensaje: puede que esté sin conexión o que una dirección esté incompleta.</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>Thunderbird no pudo enviar el mensaje; sigue abierto allí.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>Thunderbird no tiene ninguna ventana que mostrar.</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>Thunderbird dice: %1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 está ocupado con otras peticiones.</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>Un adjunto no es un archivo normal que se pueda leer.</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>No se puede leer un adjunto: %1.</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>El complemento dio una respuesta sin sentido.</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>Solo Kest puede hacer esto, y quien llama no es el Kest en ejecución.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -624,6 +624,58 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <source>No optional outgoing messages folder set</source>
         <translation>Aucun dossier de messages préparés</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>« %1 » n’est pas arrivé en entier.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>Thunderbird n’a aucun compte qui puisse envoyer du courrier.</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>Le message a été fermé avant d’être envoyé.</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>Le message n’a pas de destinataire.</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>Thunderbird ne propose pas d’envoyer ce message : il est peut-être hors connexion, ou une adresse est incomplète.</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>Thunderbird n’a pas pu envoyer le message ; il y est encore ouvert.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>Thunderbird n’a aucune fenêtre à afficher.</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>Thunderbird signale : %1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 est occupé par d’autres demandes.</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>Une pièce jointe n’est pas un fichier ordinaire lisible.</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>Une pièce jointe ne peut pas être lue : %1.</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>Le module complémentaire a donné une réponse qui n’a pas de sens.</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>Seul Kest peut faire cela, et l’appelant n’est pas le Kest en cours d’exécution.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

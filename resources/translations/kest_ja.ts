@@ -624,6 +624,58 @@ If you like, see first that all is ready.</source>
         <source>No optional outgoing messages folder set</source>
         <translation>定型メッセージのフォルダーが未設定です</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>「%1」は最後まで届きませんでした。</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>Thunderbird に送信できるアカウントがありません。</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>メッセージは送信される前に閉じられました。</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>メッセージに宛先がありません。</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>Thunderbird はこのメッセージを送信できる状態にありません。オフラインか、アドレスが不完全な可能性があります。</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>Thunderbird はメッセージを送信できませんでした。まだ Thunderbird で開いています。</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>Thunderbird に表示できるウィンドウがありません。</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>Thunderbird からのメッセージ: %1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 は他の要求を処理中です。</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>添付するものが、読み取れる通常のファイルではありません。</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>添付ファイルを読み取れません: %1</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>アドオンから理解できない応答がありました。</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>これは Kest だけに許された操作で、呼び出し元は実行中の Kest ではありません。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -624,6 +624,58 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <source>No optional outgoing messages folder set</source>
         <translation>Nenhuma pasta de mensagens preparadas definida</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>“%1” não chegou por inteiro.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>O Thunderbird não tem nenhuma conta que possa enviar e-mails.</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>A mensagem foi fechada antes de ser enviada.</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>A mensagem não tem destinatário.</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>O Thunderbird não permite enviar esta mensagem: ele pode estar offline ou um endereço pode estar incompleto.</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>O Thunderbird não conseguiu enviar a mensagem; ela continua aberta nele.</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>O Thunderbird não tem nenhuma janela para mostrar.</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>O Thunderbird diz: %1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 está ocupado com outras solicitações.</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>Um anexo não é um arquivo comum que possa ser lido.</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>Um anexo não pode ser lido: %1.</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>O complemento deu uma resposta que não faz sentido.</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>Somente o Kest pode fazer isso, e quem chama não é o Kest em execução.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -624,6 +624,58 @@ If you like, see first that all is ready.</source>
         <source>No optional outgoing messages folder set</source>
         <translation>未设置预备消息文件夹</translation>
     </message>
+    <message>
+        <source>“%1” did not arrive whole.</source>
+        <translation>“%1”未能完整送达。</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no account that can send mail.</source>
+        <translation>Thunderbird 中没有可以发送邮件的账户。</translation>
+    </message>
+    <message>
+        <source>The message was closed before it was sent.</source>
+        <translation>邮件在发送前被关闭了。</translation>
+    </message>
+    <message>
+        <source>The message has no recipient.</source>
+        <translation>邮件没有收件人。</translation>
+    </message>
+    <message>
+        <source>Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete.</source>
+        <translation>Thunderbird 无法发送此邮件：可能处于脱机状态，或某个地址不完整。</translation>
+    </message>
+    <message>
+        <source>Thunderbird could not send the message; it is still open there.</source>
+        <translation>Thunderbird 无法发送该邮件；邮件仍在其中打开着。</translation>
+    </message>
+    <message>
+        <source>Thunderbird has no window to show.</source>
+        <translation>Thunderbird 没有可显示的窗口。</translation>
+    </message>
+    <message>
+        <source>Thunderbird says: %1</source>
+        <translation>Thunderbird 提示：%1</translation>
+    </message>
+    <message>
+        <source>%1 is busy with other requests.</source>
+        <translation>%1 正忙于处理其他请求。</translation>
+    </message>
+    <message>
+        <source>An attachment is not a regular file that can be read.</source>
+        <translation>有附件不是可读取的普通文件。</translation>
+    </message>
+    <message>
+        <source>An attachment cannot be read: %1.</source>
+        <translation>无法读取附件：%1。</translation>
+    </message>
+    <message>
+        <source>The add-on gave an answer that makes no sense.</source>
+        <translation>附加组件给出了无法理解的回应。</translation>
+    </message>
+    <message>
+        <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
+        <translation>只有 Kest 可以这样做，而调用者并非正在运行的 Kest。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -1,5 +1,7 @@
 #include "platform/linux/mail/MailErrors.h"
 
+#include "platform/linux/mail/MailSentences.h"
+
 #include <QCoreApplication>
 
 namespace kest {
@@ -104,7 +106,7 @@ Error mailError(const QDBusError &error, const QElapsedTimer &waited, std::chron
     const MailErrorCode code = codeNamed(error.name());
     // The mail application's own words say more than ours.
     if (code == MailErrorCode::Failed && !error.message().isEmpty())
-        return {mailErrorDomain, static_cast<int>(code), error.message(), {}};
+        return {mailErrorDomain, static_cast<int>(code), localizedMailSentence(error.message()), {}};
     return mailError(code, error.message());
 }
 
