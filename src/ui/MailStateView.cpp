@@ -24,12 +24,17 @@ QString chosenAccount(const UserDefaults &settings)
     return account == noAccountChosen ? QString() : account;
 }
 
-/// The same words, but a line may end inside of an address.
-QString breakable(QString words)
+/// The same words, but a line may end inside of one that is wider than a line: a long address. One that fits stays together.
+QString breakable(const QString &words, const QFontMetrics &metrics, int width)
 {
     constexpr QChar zeroWidthSpace(0x200B);
     static const QRegularExpression seam(QStringLiteral("(?<=[@._-])(?=\\w)"));
-    return words.replace(seam, zeroWidthSpace);
+    QStringList list = words.split(u' ');
+    for (QString &word : list) {
+        if (metrics.horizontalAdvance(word) > width)
+            word.replace(seam, zeroWidthSpace);
+    }
+    return list.join(u' ');
 }
 
 } // namespace
@@ -96,10 +101,21 @@ void MailStateView::look()
 void MailStateView::showState()
 {
     const QString words = wordsFor(m_connection->state(), chosenAccount(*m_settings));
-    m_words->setText(breakable(words));
     m_words->setAccessibleName(words);
+    breakLines();
     m_words->setToolTip(words);
     m_button->setVisible(offersToInstall(m_connection->state()));
+}
+
+void MailStateView::breakLines()
+{
+    m_words->setText(breakable(text(), m_words->fontMetrics(), width()));
+}
+
+void MailStateView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    breakLines();
 }
 
 void MailStateView::install()

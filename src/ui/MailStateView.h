@@ -36,9 +36,11 @@ Q_SIGNALS:
 
 protected:
     bool event(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void showState();
+    void breakLines();
     void look();
     void install();
     void installEnded(const QString &problem);

@@ -1,5 +1,7 @@
 #include "ui/MailWords.h"
 
+#include "ui/Wording.h"
+
 #include <QCoreApplication>
 
 namespace kest {
@@ -23,7 +25,7 @@ QString wordsForConnected(const MailConnectionState &state, const QString &accou
     const QString sender = state.accounts.contains(account) ? account : state.accounts.value(0);
     if (sender.isEmpty())
         return translated(QT_TRANSLATE_NOOP("kest::MailWords", "Connected to %1.")).arg(nameOf(state));
-    return translated(QT_TRANSLATE_NOOP("kest::MailWords", "Connected to %1 as %2.")).arg(nameOf(state), sender);
+    return translated(QT_TRANSLATE_NOOP("kest::MailWords", "Connected to %1 as %2.")).arg(isolated(nameOf(state)), isolated(sender));
 }
 
 QString wordsForMissing(const MailConnectionState &state)

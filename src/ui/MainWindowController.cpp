@@ -9,6 +9,7 @@
 #include "ui/MainWindowAccessible.h"
 #include "ui/PreferencesWindowController.h"
 #include "ui/RecordingWarnings.h"
+#include "ui/TextScale.h"
 #include "ui/WindowSizer.h"
 #include "ui/Wording.h"
 #include "ui/controls/Icons.h"
@@ -16,7 +17,9 @@
 #include "ui/controls/ReadoutField.h"
 #include "ui_MainWindow.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QShortcut>
 #include <QWindow>
 
@@ -32,6 +35,7 @@ const QChar leftArrowFunctionKey(0xF702);
 
 // The margins, the notice's picture, and the microphone's with its initials.
 constexpr int roomBesideNotice = 2 * 14 + 17 + 8 + 45;
+constexpr int frameRoom = 16; // points, for the window manager's frame
 
 /// Stores, announces, and says whether anything changed.
 template <typename Value>
@@ -56,10 +60,24 @@ int widestNotice(const QFontMetrics &metrics)
     return widest;
 }
 
-/// Some languages need more room than the layout file has. The heights never change.
+/// Large text makes the window higher, panel by panel from the top.
+void heightenForText(QWidget &window, double scale, std::initializer_list<QWidget *> panels)
+{
+    int top = 0;
+    for (QWidget *panel : panels) {
+        panel->setGeometry(0, top, panel->width(), qRound(panel->height() * scale));
+        top += panel->height();
+    }
+    window.resize(window.width(), top);
+}
+
+/// Some languages need more room than the layout file has, and large text does.
 void widenForTexts(QWidget &window, const ReadoutField &noticeField, std::initializer_list<QWidget *> panels)
 {
-    int width = qMax(window.width(), widestNotice(noticeField.fontMetrics()) + roomBesideNotice);
+    // On a small screen a notice is rather cut off, with its whole text in the tool tip.
+    const int forNotices = qMin(widestNotice(noticeField.fontMetrics()) + scaledToText(roomBesideNotice),
+                                window.screen()->availableSize().width() - frameRoom);
+    int width = qMax(window.width(), forNotices);
     for (const QWidget *panel : panels)
         width = qMax(width, panel->minimumSizeHint().width());
     for (QWidget *panel : panels)
@@ -101,8 +119,11 @@ void MainWindowController::loadWindow()
     m_window->setWindowIcon(iconNamed(QStringLiteral("org.kest.Kest")));
     m_window->installEventFilter(this);
     applyFonts();
+    const double scale = textScale(QApplication::font());
+    heightenForText(*m_window, scale, {m_ui->controlPanel, m_ui->detailPanel});
     widenForTexts(*m_window, *m_ui->noticeField, {m_ui->controlPanel, m_ui->detailPanel});
     m_sizer = new WindowSizer(m_window.get(), this);
+    m_sizer->setVerticalScale(scale);
     connect(m_sizer, &WindowSizer::reached, this, &MainWindowController::hideCollapsedPart);
     m_listening = std::make_unique<ListeningPanel>(*m_ui, m_dependencies.player, m_dependencies.trash);
     m_bindings = std::make_unique<Bindings>(*this, m_dependencies.userDefaults);

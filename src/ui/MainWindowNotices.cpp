@@ -6,22 +6,25 @@
 #include "ui/MailStateView.h"
 #include "ui/MainWindowController.h"
 #include "ui/RecordingWarnings.h"
+#include "ui/TextScale.h"
 #include "ui/Wording.h"
 #include "ui_MainWindow.h"
 
 #include <QAccessible>
+#include <QApplication>
 
 namespace kest {
 
 namespace {
 
+// At the usual text size; see textScale.
 constexpr int smallTextPixels = 12;
-constexpr int captionPixels = 13;
+constexpr int captionPixels = usualTextPixels;
 constexpr int timePixels = 36;
 
 QFont sized(QFont font, int pixels, QFont::Weight weight)
 {
-    font.setPixelSize(pixels);
+    font.setPixelSize(qRound(pixels * textScale(QApplication::font())));
     font.setWeight(weight);
     return font;
 }
@@ -51,7 +54,7 @@ void sayNotice(ReadoutField &field, const NoticePlace &notices, Said &said)
 
 void MainWindowController::applyFonts()
 {
-    // The window's heights are fixed, so its texts are too; the family is the desktop's.
+    // The window's heights are fixed, so its texts are too, up to the desktop's large sizes; the family is the desktop's.
     const QFont base = sized(m_window->font(), captionPixels, QFont::Normal);
     m_window->setFont(base);
     m_ui->timeField->setFont(sized(base, timePixels, QFont::Light));
@@ -131,7 +134,7 @@ void MainWindowController::updateStatusNotice()
     if (m_recordingActive)
         status = paused ? tr("Paused") : tr("Recording");
     else if (!m_attachmentName.isNull())
-        status = tr("“%1” is ready to send").arg(m_attachmentName);
+        status = tr("“%1” is ready to send").arg(isolated(m_attachmentName));
     else if (m_recordingExists)
         status = tr("Recorded, ready to send");
     m_notices.tell(NoticePlace::Subject::Status, status);

@@ -11,6 +11,7 @@
 #include <QInputMethod>
 #include <QScreen>
 #include <QShortcut>
+#include <QStyle>
 
 namespace kest {
 
@@ -134,7 +135,11 @@ void PreferencesWindowController::fitToScreen(const QWidget &parent)
     const bool fits = m_ui->columnsLayout->totalMinimumSize().width() <= room.width();
     m_ui->columnsLayout->setDirection(fits ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
     const QSize contents = m_ui->columnsLayout->totalSizeHint().expandedTo(QSize(leastWidth, 0));
-    m_sheet->resize(QSize(contents.width(), contents.height() + m_ui->closingRow->sizeHint().height()).boundedTo(room));
+    QSize wanted(contents.width(), contents.height() + m_ui->closingRow->sizeHint().height());
+    // A bar to scroll down with must not make a second one necessary.
+    if (wanted.height() > room.height())
+        wanted.rwidth() += m_sheet->style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    m_sheet->resize(wanted.boundedTo(room));
 }
 
 void PreferencesWindowController::closePrefsSheet()

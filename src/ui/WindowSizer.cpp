@@ -29,7 +29,24 @@ WindowFrame WindowSizer::frame() const
         return {};
     if (m_animation->state() == QAbstractAnimation::Running)
         return m_goal;
-    return frameFromGeometry(m_window->geometry(), screenArea());
+    WindowFrame frame = frameFromGeometry(m_window->geometry(), screenArea());
+    frame.y /= m_verticalScale;
+    frame.height /= m_verticalScale;
+    return frame;
+}
+
+QRect WindowSizer::geometryOf(const WindowFrame &frame) const
+{
+    WindowFrame scaled = frame;
+    scaled.y *= m_verticalScale;
+    scaled.height *= m_verticalScale;
+    const QRect area = screenArea();
+    QRect geometry = geometryFromFrame(scaled, area);
+    // Large text may want more than the screen has above the place where the window begins.
+    const int highest = area.top() + m_window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    if (m_verticalScale > 1.0 && geometry.top() < highest)
+        geometry.moveTop(highest);
+    return geometry;
 }
 
 void WindowSizer::setFrame(const WindowFrame &frame)
@@ -37,14 +54,14 @@ void WindowSizer::setFrame(const WindowFrame &frame)
     if (!m_window)
         return;
     m_animation->stop();
-    settle(geometryFromFrame(frame, screenArea()));
+    settle(geometryOf(frame));
 }
 
 void WindowSizer::animateToFrame(const WindowFrame &frame)
 {
     if (!m_window)
         return;
-    const QRect end = geometryFromFrame(frame, screenArea());
+    const QRect end = geometryOf(frame);
     if (duration() == 0 || !m_window->isVisible())
         return setFrame(frame);
     m_goal = frame;

@@ -19,6 +19,9 @@ public:
     /// `window` may go away first.
     explicit WindowSizer(QWidget *window, QObject *parent = nullptr);
 
+    /// How many pixels of the screen a point of a frame's height and y is; 1 at first. See textScale.
+    void setVerticalScale(double scale) { m_verticalScale = scale; }
+
     /// Where the window is, or is moving to. All zero without a window.
     WindowFrame frame() const;
 
@@ -33,6 +36,7 @@ Q_SIGNALS:
 
 private:
     QRect screenArea() const;
+    QRect geometryOf(const WindowFrame &frame) const;
     int duration() const;
     void apply(const QRect &geometry);
     void settle(const QRect &geometry);
@@ -40,6 +44,7 @@ private:
     QPointer<QWidget> m_window;
     QVariantAnimation *m_animation;
     WindowFrame m_goal;
+    double m_verticalScale = 1.0;
 };
 
 } // namespace kest

@@ -1,6 +1,6 @@
 #include "ui/Wording.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QLocale>
 
 #include <cmath>
@@ -25,6 +25,13 @@ bool exists(const FileURL &url)
 }
 
 } // namespace
+
+QString isolated(const QString &name)
+{
+    constexpr QChar firstStrongIsolate(0x2068);
+    constexpr QChar popDirectionalIsolate(0x2069);
+    return QGuiApplication::isRightToLeft() ? firstStrongIsolate + name + popDirectionalIsolate : name;
+}
 
 QString wordsFor(RecordingTrouble trouble)
 {
@@ -82,11 +89,11 @@ QString wordsFor(InputCondition condition, const QString &microphone)
     case InputCondition::Silent:
         return microphone.isEmpty()
             ? translated(QT_TRANSLATE_NOOP("kest::Wording", "No sound. Is the microphone muted?"))
-            : translated(QT_TRANSLATE_NOOP("kest::Wording", "No sound. Is “%1” muted?")).arg(microphone);
+            : translated(QT_TRANSLATE_NOOP("kest::Wording", "No sound. Is “%1” muted?")).arg(isolated(microphone));
     case InputCondition::Clipping:
         return microphone.isEmpty()
             ? translated(QT_TRANSLATE_NOOP("kest::Wording", "Too loud. Sit back, or turn the microphone down."))
-            : translated(QT_TRANSLATE_NOOP("kest::Wording", "Too loud. Sit back, or turn down “%1”.")).arg(microphone);
+            : translated(QT_TRANSLATE_NOOP("kest::Wording", "Too loud. Sit back, or turn down “%1”.")).arg(isolated(microphone));
     case InputCondition::Unknown:
     case InputCondition::Heard:
         break;

@@ -7,6 +7,10 @@
 
 namespace kest {
 
+/// A name or an address for its place in a sentence: where the window runs from right to left it is isolated (U+2068, U+2069),
+/// so that the marks round it and its own stay where they belong; else as it is.
+QString isolated(const QString &name);
+
 /// What happened to the recording, in calm words that fit one line.
 QString wordsFor(RecordingTrouble trouble);
 

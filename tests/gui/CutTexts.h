@@ -37,4 +37,27 @@ inline QStringList cutTexts(const QWidget &root)
     return cut;
 }
 
+/// Texts that lie over one another, in words for the failure; empty when none do.
+inline QStringList overlappingTexts(const QWidget &root)
+{
+    const auto seen = [&root](const QWidget *widget) { // what is scrolled out of sight lies over nothing
+        return widget->visibleRegion().boundingRect().translated(widget->mapTo(&root, QPoint()));
+    };
+    QList<const QWidget *> texts;
+    for (const QWidget *widget : root.findChildren<QWidget *>()) {
+        const bool isText = qobject_cast<const QLabel *>(widget) || qobject_cast<const QAbstractButton *>(widget)
+            || qobject_cast<const QComboBox *>(widget);
+        if (isText && widget->isVisible() && widget->window() == &root && !widget->visibleRegion().isEmpty())
+            texts.append(widget);
+    }
+    QStringList overlapping;
+    for (const QWidget *one : texts) {
+        for (const QWidget *other : texts) {
+            if (one < other && seen(one).intersects(seen(other)) && !one->isAncestorOf(other) && !other->isAncestorOf(one))
+                overlapping.append(one->objectName() + QStringLiteral(" lies over ") + other->objectName());
+        }
+    }
+    return overlapping;
+}
+
 } // namespace kest::test

@@ -8,7 +8,10 @@
 
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTextLayout>
 #include <QtTest>
+
+#include <cmath>
 
 using namespace kest;
 using namespace kest::test;
@@ -17,6 +20,24 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QStringList languages{u"ar"_s, u"de"_s, u"es"_s, u"fr"_s, u"ja"_s, u"pt_BR"_s, u"zh_CN"_s, pseudoLanguage};
+
+/// The desktop's font has this size as long as it lives: 13 pixels are usual, 26 twice as large.
+class DesktopFont
+{
+public:
+    explicit DesktopFont(int pixels)
+    {
+        QFont font = m_before;
+        font.setPixelSize(pixels);
+        QApplication::setFont(font);
+    }
+    DesktopFont(const DesktopFont &) = delete;
+    DesktopFont &operator=(const DesktopFont &) = delete;
+    ~DesktopFont() { QApplication::setFont(m_before); }
+
+private:
+    QFont m_before = QApplication::font();
+};
 
 } // namespace
 
@@ -54,7 +75,7 @@ private:
     QString cutNow()
     {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-        QStringList cut = cutTexts(*window());
+        QStringList cut = cutTexts(*window()) + overlappingTexts(*window());
         if (!showsWholeNotice())
             cut.append(m_house->notice());
         return cut.join(u'\n');
@@ -67,6 +88,16 @@ private:
             QTest::newRow(qPrintable(language)) << language;
     }
 
+    static void addLanguagesAndSizes(std::initializer_list<int> sizes)
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<int>("pixels");
+        for (const QString &language : QStringList(u"en"_s) + languages) {
+            for (const int pixels : sizes)
+                QTest::addRow("%s %d", qPrintable(language), pixels) << language << pixels;
+        }
+    }
+
 private Q_SLOTS:
     void cleanup()
     {
@@ -74,14 +105,18 @@ private Q_SLOTS:
         m_speaking.reset();
     }
 
-    void theWindowCutsNothing_data() { addLanguages(); }
+    void theWindowCutsNothing_data() { addLanguagesAndSizes({13, 26}); }
 
     void theWindowCutsNothing()
     {
         QFETCH(QString, language);
+        QFETCH(int, pixels);
+        const DesktopFont desktop(pixels);
+        const int scale = pixels / 13;
         begin(language);
-        QVERIFY(m_house->find<QAbstractButton>(u"Reply All"_s)->text() != u"Reply All"_s);
-        QCOMPARE(window()->height(), 141);
+        QCOMPARE(m_house->find<QAbstractButton>(u"Reply All"_s)->text() == u"Reply All"_s, language == u"en"_s);
+        QCOMPARE(QFontInfo(m_house->find(u"Reply All"_s)->font()).pixelSize(), pixels);
+        QCOMPARE(window()->height(), 141 * scale);
         QCOMPARE(cutNow(), QString());
         m_house->record();
         QCOMPARE(cutNow(), QString());
@@ -91,7 +126,11 @@ private Q_SLOTS:
         QCOMPARE(cutNow(), QString());
         Q_EMIT m_house->mail.mailApplicationAppeared(u"Thunderbird"_s);
         m_house->controller->windowToggleExpanded();
-        QTRY_COMPARE(window()->height(), 321);
+        // Where a point is one and a half pixels, the window manager may leave a fraction of one.
+        const int left = qFuzzyIsNull(std::fmod(window()->devicePixelRatio(), 1.0)) ? 0 : 1;
+        QTRY_VERIFY_WITH_TIMEOUT(qAbs(window()->height() - 321 * scale) <= left, 60000);
+        QCOMPARE(cutNow(), QString());
+        m_house->player.read(40.0, QList<float>(512, 0.3F));
         QCOMPARE(cutNow(), QString());
         Q_EMIT m_house->mail.mailApplicationVanished();
         QCOMPARE(cutNow(), QString());
@@ -99,28 +138,19 @@ private Q_SLOTS:
 
     void theSheetCutsNothing_data()
     {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<int>("pixels");
-        for (const QString &language : languages) {
-            for (const int pixels : {13, 20})
-                QTest::addRow("%ls %d", qUtf16Printable(language), pixels) << language << pixels;
-        }
+        addLanguagesAndSizes({13, 20, 26});
     }
 
     void theSheetCutsNothing()
     {
         QFETCH(QString, language);
         QFETCH(int, pixels);
-        const QFont before = QApplication::font();
-        QFont font = before;
-        font.setPixelSize(pixels);
-        QApplication::setFont(font);
-        const auto restore = qScopeGuard([&] { QApplication::setFont(before); });
+        const DesktopFont desktop(pixels);
         begin(language);
         const QDialog *sheet = m_house->openPreferences();
         QVERIFY2(sheet->width() <= sheet->screen()->availableSize().width(), qPrintable(QString::number(sheet->width())));
         QVERIFY(!sheet->findChild<QScrollArea *>()->horizontalScrollBar()->isVisible());
-        QCOMPARE(cutTexts(*sheet).join(u'\n'), QString());
+        QCOMPARE((cutTexts(*sheet) + overlappingTexts(*sheet)).join(u'\n'), QString());
     }
 
     void theWelcomeCutsNothing_data() { addLanguages(); }
@@ -206,6 +236,41 @@ private Q_SLOTS:
         QVERIFY(left(u"newMessageButton"_s) > left(u"replyButton"_s));
         QVERIFY(left(u"replyButton"_s) > left(u"replyAllButton"_s));
         QVERIFY(left(u"replyAllButton"_s) > left(u"disclosureTriangle"_s));
+    }
+
+    void inArabicAnAddressStandsTogether()
+    {
+        begin(u"ar"_s);
+        m_house->controller->windowToggleExpanded();
+        const QString address = u"anna@example.org"_s;
+        m_house->connection.setState({.kind = MailConnectionState::Kind::Connected, .application = u"Thunderbird"_s,
+                                      .accounts = {address}, .version = {}});
+        auto *label = named<QLabel>(u"mailStateField"_s);
+        QVERIFY(label->text().contains(u'\u2068' + address + u'\u2069'));
+        QTextLayout layout(label->text(), label->font());
+        layout.setTextOption(QTextOption(Qt::AlignRight));
+        layout.beginLayout();
+        for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine())
+            line.setLineWidth(label->width());
+        layout.endLayout();
+        const auto first = static_cast<int>(label->text().indexOf(address));
+        const QTextLine line = layout.lineForTextPosition(first);
+        const int last = first + static_cast<int>(address.size()) - 1;
+        QCOMPARE(layout.lineForTextPosition(last).lineNumber(), line.lineNumber());
+        // Its outer edges belong to the Arabic beside it as well.
+        for (int place = first + 1; place < last; ++place)
+            QVERIFY2(line.cursorToX(place) < line.cursorToX(place + 1), qPrintable(label->text().mid(first, place - first)));
+    }
+
+    void anAddressWiderThanALineIsBrokenAtItsSeams()
+    {
+        begin(u"de"_s);
+        m_house->controller->windowToggleExpanded();
+        m_house->connection.setState({.kind = MailConnectionState::Kind::Connected, .application = u"Thunderbird"_s,
+                                      .accounts = {u"anna.von.der.lerche.im.wald@mail.example.org"_s}, .version = {}});
+        const auto *label = named<QLabel>(u"mailStateField"_s);
+        QVERIFY(label->text().contains(u"\u200bmail."_s));
+        QCOMPARE(cutNow(), QString());
     }
 
     void inArabicTimeAndLevelStillGoFromLeftToRight()

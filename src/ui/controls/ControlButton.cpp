@@ -1,5 +1,6 @@
 #include "ui/controls/ControlButton.h"
 
+#include "ui/TextScale.h"
 #include "ui/controls/Icons.h"
 
 #include <QEvent>
@@ -11,6 +12,7 @@ namespace kest {
 
 namespace {
 
+// All at the usual text size; see textScale.
 constexpr int plainHeight = 32;
 constexpr int leastTextMargin = 8;
 constexpr int roundSize = 38;
@@ -86,12 +88,12 @@ void ControlButton::updateToolTip()
 QSize ControlButton::sizeHint() const
 {
     if (m_kind == Kind::Round)
-        return QSize(roundSize, roundSize) + extraSize();
+        return QSize(scaledToText(roundSize), scaledToText(roundSize)) + extraSize();
     if (m_kind == Kind::Ghost)
-        return QSize(ghostSize, ghostSize) + extraSize();
+        return QSize(scaledToText(ghostSize), scaledToText(ghostSize)) + extraSize();
     int width = 2 * sidePadding;
     if (!m_image.isEmpty())
-        width += glyphSize;
+        width += scaledToText(glyphSize);
     if (!text().isEmpty())
         width += textWidth() + (m_image.isEmpty() ? 0 : iconGap);
     // Only a font larger than the main window's needs more than the plain height.
@@ -108,7 +110,7 @@ QColor ControlButton::fillColor() const
     const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
     if (m_kind == Kind::Primary && isEnabled()) {
         const QColor accent = palette().color(QPalette::Highlight);
-        return isDown() ? mixed(accent, Qt::black, 0.18) : isHovered() ? mixed(accent, Qt::white, 0.12) : accent;
+        return isDown() ? mixed(accent, Qt::black, 0.18) : isHovered() ? mixed(accent, Qt::black, 0.08) : accent;
     }
     if (isDown())
         return translucent(ink, 0.2);
@@ -123,7 +125,7 @@ QColor ControlButton::inkColor() const
 {
     const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
     if (!isEnabled())
-        return mixed(palette().color(QPalette::Window), ink, 0.36);
+        return mixed(palette().color(QPalette::Window), ink, 0.42);
     if (m_kind == Kind::Primary)
         return palette().color(QPalette::HighlightedText);
     return m_kind == Kind::Ghost && !isHovered() ? mixed(palette().color(QPalette::Window), ink, 0.72) : ink;
@@ -147,23 +149,28 @@ void ControlButton::paintEvent(QPaintEvent *)
     painter.setBrush(fillColor());
     painter.drawRoundedRect(QRectF(rect()), radius(), radius());
     paintContents(painter);
-    paintFocusRing(painter, radius());
+    // On the highlight itself a ring of its colour would vanish.
+    if (m_kind == Kind::Primary && isEnabled())
+        paintFocusRing(painter, radius(), inkColor(), 3.0);
+    else
+        paintFocusRing(painter, radius(), lineAccent(palette()), 1.0);
 }
 
 void ControlButton::paintContents(QPainter &painter) const
 {
     const QString image = shownImage();
     const int textSize = textWidth();
-    const int imageWidth = image.isEmpty() ? 0 : glyphSize + (textSize ? iconGap : 0);
+    const int glyph = scaledToText(glyphSize);
+    const int imageWidth = image.isEmpty() ? 0 : glyph + (textSize ? iconGap : 0);
     const int left = (width() - extraSize().width() - imageWidth - textSize) / 2;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     if (!image.isEmpty()) {
-        const QPointF middle(mirrored ? width() - left - glyphSize / 2.0 : left + glyphSize / 2.0, height() / 2.0);
+        const QPointF middle(mirrored ? width() - left - glyph / 2.0 : left + glyph / 2.0, height() / 2.0);
         const QTransform before = painter.transform();
         painter.translate(middle);
         if (mirrored && pointsAlongTheText(image))
             painter.scale(-1, 1);
-        paintIconNamed(painter, QRectF(-glyphSize / 2.0, -glyphSize / 2.0, glyphSize, glyphSize), image, inkColor());
+        paintIconNamed(painter, QRectF(-glyph / 2.0, -glyph / 2.0, glyph, glyph), image, inkColor());
         painter.setTransform(before);
     }
     painter.setPen(inkColor());
@@ -174,15 +181,12 @@ void ControlButton::paintContents(QPainter &painter) const
                      text());
 }
 
-void ControlButton::paintFocusRing(QPainter &painter, double ringRadius) const
+void ControlButton::paintFocusRing(QPainter &painter, double ringRadius, const QColor &color, double inset) const
 {
     if (!hasFocus() || !keyboardDriven)
         return;
-    // On the highlight itself the ring would vanish.
-    const bool onHighlight = m_kind == Kind::Primary && isEnabled();
-    painter.setPen(QPen(palette().color(onHighlight ? QPalette::HighlightedText : QPalette::Highlight), 2.0));
+    painter.setPen(QPen(color, 2.0));
     painter.setBrush(Qt::NoBrush);
-    const double inset = onHighlight ? 3.0 : 1.0;
     painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), ringRadius - inset,
                             ringRadius - inset);
 }

@@ -61,7 +61,8 @@ protected:
     QColor fillColor() const;
     QColor inkColor() const;
     bool isHovered() const { return m_hovered && isEnabled(); }
-    void paintFocusRing(QPainter &painter, double radius) const;
+    /// A ring of `color`, `inset` points within the edge, while the keyboard has the focus here.
+    void paintFocusRing(QPainter &painter, double radius, const QColor &color, double inset) const;
 
 private:
     void paintContents(QPainter &painter) const;

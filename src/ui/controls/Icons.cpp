@@ -118,4 +118,10 @@ QColor mixed(const QColor &under, const QColor &over, double amount)
                             part(under.blueF(), over.blueF()));
 }
 
+QColor lineAccent(const QPalette &palette)
+{
+    const QColor accent = palette.color(QPalette::Highlight);
+    return palette.color(QPalette::Window).lightness() < 128 ? mixed(accent, Qt::white, 0.3) : accent;
+}
+
 } // namespace kest

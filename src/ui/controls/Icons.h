@@ -2,6 +2,7 @@
 
 #include <QColor>
 #include <QIcon>
+#include <QPalette>
 #include <QRectF>
 #include <QString>
 
@@ -20,5 +21,9 @@ void paintIconNamed(QPainter &painter, const QRectF &rect, const QString &name, 
 
 /// `amount` (0 to 1) of `over` on top of `under`.
 QColor mixed(const QColor &under, const QColor &over, double amount);
+
+/// The palette's highlight as lines and bars show it: on a dark ground lighter, so that it stands out from that (3 to 1) as
+/// white letters stand out from the highlight itself (4.5 to 1; WCAG 2.2, 1.4.3 and 1.4.11).
+QColor lineAccent(const QPalette &palette);
 
 } // namespace kest

@@ -1,5 +1,6 @@
 #include "ui/controls/ReadoutField.h"
 
+#include "ui/TextScale.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/ReadoutAccessible.h"
 
@@ -88,7 +89,7 @@ QSize ReadoutField::sizeHint() const
     const int height = fontMetrics().height();
     if (m_tabular)
         return {cellWidth() * static_cast<int>(qMax(text().size(), widestTime.size())), height};
-    const int image = m_image.isEmpty() || text().isEmpty() ? 0 : glyphSize + iconGap;
+    const int image = m_image.isEmpty() || text().isEmpty() ? 0 : scaledToText(glyphSize) + iconGap;
     return {fontMetrics().horizontalAdvance(text()) + image, height};
 }
 
@@ -119,7 +120,7 @@ void ReadoutField::paintTabular()
     const QString shown = text();
     const bool placeholder = std::none_of(shown.cbegin(), shown.cend(), [](QChar each) { return each.isDigit(); });
     painter.setPen(textColor());
-    painter.setOpacity(placeholder ? 0.4 : 1.0);
+    painter.setOpacity(placeholder ? 0.5 : 1.0);
     const int cell = cellWidth();
     // What is no digit is narrower and needs no whole cell.
     const int narrow = qRound(cell * 0.6);
@@ -140,9 +141,10 @@ void ReadoutField::paintPlain()
     QRect place = rect();
     if (!m_image.isEmpty()) {
         const bool mirrored = layoutDirection() == Qt::RightToLeft;
-        paintIconNamed(painter, QRectF(mirrored ? width() - glyphSize : 0, (height() - glyphSize) / 2.0, glyphSize, glyphSize),
+        const int glyph = scaledToText(glyphSize);
+        paintIconNamed(painter, QRectF(mirrored ? width() - glyph : 0, (height() - glyph) / 2.0, glyph, glyph),
                        m_image, textColor());
-        place.adjust(mirrored ? 0 : glyphSize + iconGap, 0, mirrored ? -glyphSize - iconGap : 0, 0);
+        place.adjust(mirrored ? 0 : glyph + iconGap, 0, mirrored ? -glyph - iconGap : 0, 0);
     }
     painter.setPen(textColor());
     painter.setLayoutDirection(directionOf(text(), layoutDirection()));

@@ -1,5 +1,6 @@
 #include "ui/controls/RecordButton.h"
 
+#include "ui/TextScale.h"
 #include "ui/controls/Icons.h"
 
 #include <QPainter>
@@ -36,7 +37,7 @@ void RecordButton::setHeld(bool held)
 
 QSize RecordButton::sizeHint() const
 {
-    return {diameter, diameter};
+    return {scaledToText(diameter), scaledToText(diameter)};
 }
 
 QColor RecordButton::discColor() const
@@ -64,9 +65,10 @@ void RecordButton::paintEvent(QPaintEvent *)
     painter.setPen(Qt::NoPen);
     painter.setBrush(discColor());
     painter.drawEllipse(QRectF(rect()).adjusted(inset, inset, -inset, -inset));
-    const QPointF corner((width() - glyphSize) / 2.0, (height() - glyphSize) / 2.0);
-    paintIconNamed(painter, QRectF(corner, QSizeF(glyphSize, glyphSize)), shownImage(), Qt::white);
-    paintFocusRing(painter, width() / 2.0);
+    const double glyph = scaledToText(glyphSize);
+    const QPointF corner((width() - glyph) / 2.0, (height() - glyph) / 2.0);
+    paintIconNamed(painter, QRectF(corner, QSizeF(glyph, glyph)), shownImage(), Qt::white);
+    paintFocusRing(painter, width() / 2.0, Qt::white, 3.0);
 }
 
 } // namespace kest
