@@ -57,13 +57,13 @@ QPalette lightPalette()
 QPalette darkPalette()
 {
     return paletteOf({QColor(0x26, 0x26, 0x29), QColor(0xf2, 0xf2, 0xf4), QColor(0x1c, 0x1c, 0x1e),
-                      QColor(0x39, 0x39, 0x3d), QColor(0x2a, 0x7f, 0xbf)});
+                      QColor(0x39, 0x39, 0x3d), QColor(0x27, 0x79, 0xb6)});
 }
 
 QPalette subdued(QPalette palette)
 {
     palette.setColor(QPalette::WindowText,
-                     mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.62));
+                     mixed(palette.color(QPalette::Window), palette.color(QPalette::WindowText), 0.68));
     return palette;
 }
 

@@ -48,7 +48,7 @@ QString fieldStyle(const QPalette &palette)
     return QStringLiteral("QLineEdit, QPlainTextEdit { background: palette(base); border: 1px solid %1; border-radius: 6px;"
                           " padding: 3px 5px; }"
                           "QLineEdit:focus, QPlainTextEdit:focus { border-color: %2; }")
-        .arg(border.name(), palette.color(QPalette::Highlight).name());
+        .arg(border.name(), lineAccent(palette).name());
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "ui/controls/MeterFrame.h"
 
+#include "audio/KestLevelsView.h"
+
 #include <QEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -9,6 +11,12 @@ namespace kest {
 namespace {
 
 constexpr double darkGlass = 0.3;
+constexpr double markWidth = 2.0; // points
+
+int luma(const QColor &color)
+{
+    return qGray(color.rgb());
+}
 
 } // namespace
 
@@ -23,6 +31,7 @@ MeterFrame::MeterFrame(QWidget *parent)
 void MeterFrame::showEvent(QShowEvent *event)
 {
     m_corners->raise();
+    followLevel();
     QWidget::showEvent(event);
 }
 
@@ -36,6 +45,19 @@ bool MeterFrame::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_corners || event->type() != QEvent::Paint)
         return QWidget::eventFilter(watched, event);
+    paintGlass();
+    return true;
+}
+
+void MeterFrame::followLevel()
+{
+    if (m_level || !(m_level = findChild<KestLevelsView *>()))
+        return;
+    connect(m_level, &KestLevelsView::powerFractionChanged, m_corners, qOverload<>(&QWidget::update));
+}
+
+void MeterFrame::paintGlass()
+{
     const double radius = height() / 2.0;
     QPainterPath bar;
     bar.addRoundedRect(QRectF(rect()), radius, radius);
@@ -49,8 +71,21 @@ bool MeterFrame::eventFilter(QObject *watched, QEvent *event)
     if (window.lightness() < 128) {
         painter.setOpacity(darkGlass);
         painter.fillRect(rect(), window);
+        painter.setOpacity(1.0);
     }
-    return true;
+    painter.setClipPath(bar);
+    paintEndOfLevel(painter);
+}
+
+void MeterFrame::paintEndOfLevel(QPainter &painter) const
+{
+    if (!m_level || m_level->powerFraction() <= 0.0)
+        return;
+    const double end = m_level->x() + m_level->powerFraction() * m_level->width();
+    const QColor window = palette().color(QPalette::Window);
+    const QColor text = palette().color(QPalette::WindowText);
+    // Both colours of the bar are nearer to white than to black.
+    painter.fillRect(QRectF(end - markWidth, 0.0, markWidth, height()), luma(window) < luma(text) ? window : text);
 }
 
 } // namespace kest

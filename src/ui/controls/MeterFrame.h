@@ -2,10 +2,14 @@
 
 #include <QWidget>
 
+class QPainter;
+
 namespace kest {
 
-/// Rounds the ends of the plain bar that is laid out in it, and dims it on a
-/// dark ground: a glass lies over it.
+class KestLevelsView;
+
+/// A glass over the level meter that is laid out in it: rounds its ends, dims it on a dark ground, and marks where the lit
+/// part ends with a line, since the bar's two colours differ in hue more than in brightness.
 class MeterFrame : public QWidget
 {
     Q_OBJECT
@@ -19,7 +23,12 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    void followLevel();
+    void paintGlass();
+    void paintEndOfLevel(QPainter &painter) const;
+
     QWidget *m_corners;
+    KestLevelsView *m_level = nullptr; ///< Null until one was laid out here and shown.
 };
 
 } // namespace kest

@@ -52,7 +52,7 @@ void PopUpButton::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor ground = palette().color(QPalette::Window);
     const QColor ink = palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText);
-    painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), 1.5)
+    painter.setPen(hasFocus() ? QPen(lineAccent(palette()), 1.5)
                               : QPen(mixed(ground, ink, 0.18), 1.0));
     painter.setBrush(mixed(ground, ink, 0.08));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75), radius, radius);

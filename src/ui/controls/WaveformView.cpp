@@ -137,8 +137,8 @@ void WaveformView::paintEvent(QPaintEvent *)
     const QColor ink = palette().color(QPalette::Active, QPalette::WindowText);
     const QColor ground = palette().color(QPalette::Window);
     const bool usable = isEnabled() && m_length > 0.0;
-    paintBars(painter, mixed(ground, ink, usable ? 0.5 : 0.25));
-    const QColor accent = palette().color(QPalette::Highlight);
+    paintBars(painter, mixed(ground, ink, usable ? 0.56 : 0.25));
+    const QColor accent = lineAccent(palette());
     if (usable && m_position > 0.0) {
         const double x = xOf(m_position);
         painter.save();
