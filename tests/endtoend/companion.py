@@ -105,10 +105,11 @@ class Companion(unittest.TestCase):
             sentence = f"{number} the quick brown fox jumps over the lazy dog "
             self.person.type_into(self.compose, sentence)
             typed += sentence
-            self.assertTrue(self.windows.is_viewable(self.window), "it did not come back while somebody typed")
+            self.wait_until_back()
             self.assertEqual(self.windows.active(), self.compose)
+        wait_until(lambda: self.witness.hidings() >= 4, "the witness to tell of the last hiding")
         self.assertEqual(self.witness.hidings(), 4)
-        wait_until(lambda: typed.strip() in str(self.bus.get(self.message, "Content")), "the text in the message", 5)
+        wait_until(lambda: typed.strip() in str(self.bus.get(self.message, "Content")), "the text in the message")
 
 
 if __name__ == "__main__":

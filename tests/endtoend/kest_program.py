@@ -47,25 +47,25 @@ class KestProgram:
         with open(path, "w") as out:
             settings.write(out, space_around_delimiters=False)
 
-    def start(self, seconds=20, env=None, record="Record"):
+    def start(self, seconds=60, env=None, record="Record"):
         """`record`: how the Record button is called, where it is not English."""
         self.process = self.sandbox.start("kest", [self.build / "bin" / "kest"], env=env)
-        self.root = self.person.application("kest", seconds)
+        self.root = self.person.application("kest", seconds, self.process.pid)
         self.control(record)
 
-    def control(self, name, seconds=10):
+    def control(self, name, seconds=60):
         return self.person.find(self.root, name, seconds=seconds)
 
-    def click(self, name, seconds=10):
+    def click(self, name, seconds=60):
         self.person.click(self.control(name, seconds))
 
     def come_back(self):
         """Kest is started again, as a person does who misses its window: the running one comes to the front."""
         again = self.sandbox.start("kest-again", [self.build / "bin" / "kest"])
-        if again.wait(10):
+        if again.wait(60):
             raise ServiceError(f"a second start ended with {again.returncode}")
 
-    def wait_until_idle(self, seconds=20):
+    def wait_until_idle(self, seconds=60):
         """Until the last command is through: its controls are enabled again."""
         record = self.control("Record")
         wait_until(lambda: self.person.is_enabled(record), "the command to end", seconds)
@@ -82,7 +82,7 @@ class KestProgram:
             raise ServiceError(f"more than one recording: {[path.name for path in found]}")
         return found[0] if found else None
 
-    def quit(self, seconds=10):
+    def quit(self, seconds=60):
         """Closes the window through the window manager, and waits for the program's orderly end."""
         self.person.key("alt+F4", self.person.window("^Kest$"))
         try:
@@ -97,8 +97,12 @@ class KestProgram:
         self.process.kill()
         self.process.wait()
 
-    def wait_for_notice(self, fragment, seconds=2):
-        """The quiet place of the window says something with this in it."""
+    def wait_for_notice(self, fragment, seconds=10):
+        """The quiet place of the window says something with this in it.
+
+        How soon trouble is told is asserted where it begins, in the recorder's tests: to look through the window over
+        the accessibility bus takes a second or two itself on a busy machine.
+        """
         def said():
             notice = self.person.find(self.root, "Notice", seconds=seconds)
             text = self.person.value_text(notice)

@@ -46,7 +46,7 @@ class Languages(unittest.TestCase):
         self.kest.click("Einstellungen")
         self.kest.control("Antworten sofort senden")
         self.kest.click("Schließen")
-        wait_until(lambda: not self.person.exists(self.kest.root, "Schließen"), "the sheet to go", 20)
+        wait_until(lambda: not self.person.exists(self.kest.root, "Schließen"), "the sheet to go")
 
     def test_in_arabic_the_window_begins_at_the_right(self):
         self.start("تسجيل", LC_ALL="", LANGUAGE="ar:en")

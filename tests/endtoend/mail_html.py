@@ -86,10 +86,10 @@ class Html(MailCase):
     def test_a_message_in_a_window_of_its_own_is_the_selection(self):
         self.thunderbird.open_inbox(self.bus, 1)
         selected = self.bus.selection()
-        self.thunderbird.press("Inbox - ", "Return")
+        self.addCleanup(self.thunderbird.close_opened, "Quoted - Mozilla Thunderbird")
+        self.thunderbird.open_first(self.bus, "Quoted - Mozilla Thunderbird")
         self.thunderbird.raise_window("Quoted - Mozilla Thunderbird")
         wait_until(lambda: self.bus.selection() == selected, "the message of the window")
-        self.thunderbird.press("Quoted - Mozilla Thunderbird", "ctrl+w")
 
     def test_changing_the_sender_changes_the_signature(self):
         path = self.discard(self.bus.new_message("Sender", "Text"))

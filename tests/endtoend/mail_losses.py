@@ -50,7 +50,7 @@ class Losses(MailCase):
         super().setUp()
         if not self.thunderbird.process:
             self.thunderbird.start(True, *self.arguments)
-        wait_until(self.thunderbird.on_bus, "the host on the bus", 20)
+        wait_until(self.thunderbird.on_bus, "the host on the bus")
 
     def call_in_background(self):
         """Begins a call that Thunderbird cannot answer, because it is stopped; gives the error when it comes."""
@@ -73,7 +73,7 @@ class Losses(MailCase):
         os.kill(self.thunderbird.host_pid(), signal.SIGKILL)
 
     def works_again(self):
-        wait_until(self.thunderbird.on_bus, "the host back on the bus", 20)
+        wait_until(self.thunderbird.on_bus, "the host back on the bus")
         self.assertEqual(len(self.bus.accounts()), 1)
 
     def test_a_killed_host_comes_back_and_no_message_is_lost(self):
@@ -160,7 +160,7 @@ class Losses(MailCase):
         def tries():
             return len(starts.read_text().splitlines()) if starts.exists() else 0
         # A host that died young counts as the first of the three.
-        wait_until(lambda: tries() >= 2, "the host to be tried again", 20)
+        wait_until(lambda: tries() >= 2, "the host to be tried again")
         with self.assertRaises(ServiceError):
             wait_until(lambda: tries() > 3, "a fourth try, which must not come", NO_MORE)
         manifest.write_text(text)

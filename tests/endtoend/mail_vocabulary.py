@@ -6,7 +6,7 @@ import xml.etree.ElementTree as ElementTree
 
 import dbus
 
-from mail_case import MailCase, text_of, wait_until
+from mail_case import MailCase, repeat_until, text_of, wait_until
 
 APPLICATION = "/org/kest/Mail1"
 
@@ -150,7 +150,7 @@ class Vocabulary(MailCase):
         self.bus.call("AddRecipient", "to", "", "ben@example.test", path=message)
         asked = self.thunderbird.answer_prompt("Subject Reminder", "Return")
         self.bus.call("Send", path=message)
-        asked.join(5)
+        asked.join(60)
         self.assertEqual(text_of(self.mail.sent()[0]), "No subject")
 
     def test_delete_discards_without_asking(self):
@@ -163,8 +163,9 @@ class Vocabulary(MailCase):
 
     def test_a_message_whose_window_a_person_closes_is_gone(self):
         message = self.shown("Closed by hand")
-        self.thunderbird.press("Write: Closed by hand", "ctrl+w")
-        self.thunderbird.press("Save Message", "alt+d")
+        repeat_until(lambda: self.thunderbird.press("Write: Closed by hand", "ctrl+w"),
+                     lambda: self.thunderbird.windows("Save Message"), "the question")
+        self.thunderbird.press_until_gone("Save Message", "alt+d")
         wait_until(lambda: not self.thunderbird.windows("Write: Closed by hand"), "the window to close")
         self.assertFails("NoSuchObject", self.bus.get, message, "Subject")
 

@@ -129,7 +129,7 @@ class Mission(MainJob):
     def menu_is_open(self):
         """A menu is a window of the program's own that no window manager frames."""
         done = subprocess.run(["xdotool", "search", "--onlyvisible", "--pid", str(self.kest.process.pid)],
-                              env=self.sandbox.env, capture_output=True, text=True, timeout=10)
+                              env=self.sandbox.env, capture_output=True, text=True, timeout=60)
         return len(done.stdout.split()) > 1
 
     def compose_and_send(self, picture, file_name):

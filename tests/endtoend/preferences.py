@@ -62,7 +62,7 @@ class Preferences(unittest.TestCase):
         self.thunderbird.wait_off_bus()
         self.kest.start()
         self.kest.click("Preferences")
-        popup = self.kest.control("Sending Account", seconds=3)
+        popup = self.kest.control("Sending Account")
         wait_until(lambda: "No mail application" in popup.description, "the word that none is connected")
         self.assertFalse(self.thunderbird.on_bus())
         self.thunderbird.start()
@@ -123,7 +123,7 @@ class Preferences(unittest.TestCase):
         return items
 
     def choose_last_account(self, title):
-        wait_until(lambda: self.titles()[-1:] == [title], f"the account “{title}” at the end of the list", 15)
+        wait_until(lambda: self.titles()[-1:] == [title], f"the account “{title}” at the end of the list")
         self.kest.click("Sending Account")
         self.person.find(self.kest.root, title, "list item")
         self.person.key("End")

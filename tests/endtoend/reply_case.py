@@ -6,7 +6,7 @@ import os
 from pathlib import Path
 
 from kest_program import KestProgram
-from mail_case import MailCase, message, text_of, wait_until
+from mail_case import MailCase, message, repeat_until, text_of, wait_until
 from services.bus import AccessibilityBus
 from services.operator import Operator
 from services.sound import SoundServer
@@ -93,8 +93,8 @@ class ReplyCase(MailCase):
             if self.subject_selected() == subject:
                 return
             before = self.bus.selection()
-            self.thunderbird.press("Inbox - ", "Down")
-            wait_until(lambda: self.bus.selection() != before, "the next message to be selected")
+            repeat_until(lambda: self.thunderbird.press("Inbox - ", "Down"), lambda: self.bus.selection() != before,
+                         "the next message to be selected")
         self.fail(f"no message “{subject}” is in the list")
 
     def lies_in(self, folder, subject):

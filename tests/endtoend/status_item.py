@@ -44,6 +44,7 @@ class StatusItem(unittest.TestCase):
         self.kest = KestProgram(self.sandbox, self.person, BUILD)
         for earlier in self.kest.recordings():
             earlier.unlink()
+        self.wait_until_no_item()  # of an earlier program
         self.kest.start(PATIENCE)
         self.addCleanup(lambda: self.sandbox.stop(self.kest.process))
         self.window = self.person.window("^Kest$")
@@ -55,6 +56,9 @@ class StatusItem(unittest.TestCase):
 
     def wait_until_back(self):
         wait_until(lambda: self.windows.is_viewable(self.window), "the window to come back", PATIENCE)
+
+    def wait_until_no_item(self):
+        wait_until(lambda: not self.tray.items(), "the item to go", PATIENCE)
 
     def labels(self):
         return list(self.tray.menu(self.item))
@@ -94,11 +98,11 @@ class StatusItem(unittest.TestCase):
         self.hide()
         self.tray.choose(self.item, "Quit Kest")
         self.assertEqual(self.kest.process.wait(PATIENCE), 0)
-        self.assertEqual(self.tray.items(), [])
+        self.wait_until_no_item()
 
     def test_it_does_not_keep_a_closed_program_alive(self):
         self.kest.quit(PATIENCE)
-        self.assertEqual(self.tray.items(), [])
+        self.wait_until_no_item()
 
 
 if __name__ == "__main__":

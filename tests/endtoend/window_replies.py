@@ -2,7 +2,7 @@
 
 import unittest
 
-from mail_case import text_of, wait_until
+from mail_case import repeat_until, text_of
 from reply_case import BACK_ENDS, BEN, LONG, ReplyCase
 
 
@@ -83,12 +83,10 @@ class RepliesFromTheWindow(ReplyCase):
     def test_a_message_in_a_tab_of_its_own_is_answered(self):
         self.start_kest("script")
         self.select("1 to me")
-        self.thunderbird.press("Inbox - ", "Return")
-        self.thunderbird.wait_window("1 to me - ")
+        self.addCleanup(self.thunderbird.close_opened, "1 to me - ")
+        self.thunderbird.open_first(self.bus, "1 to me - ")
         self.answer()
         mail = self.send_from("Re: 1 to me")
-        self.thunderbird.press("1 to me - ", "ctrl+w")
-        self.thunderbird.wait_window("Inbox - ")
         self.check_answer(mail, "1 to me", "First question")
 
     def test_a_message_without_a_subject_is_answered(self):
@@ -104,8 +102,8 @@ class RepliesFromTheWindow(ReplyCase):
     def test_without_a_selected_message_the_window_says_so_and_keeps_the_recording(self):
         self.start_kest("script")
         self.thunderbird.select_first(self.bus)
-        self.thunderbird.press("Inbox - ", "ctrl+space")
-        wait_until(lambda: not self.bus.selection(), "no selected message")
+        repeat_until(lambda: self.thunderbird.press("Inbox - ", "ctrl+space"), lambda: not self.bus.selection(),
+                     "no selected message")
         self.answer()
         self.kest.click("OK")
         self.kest.wait_until_idle(LONG)

@@ -53,15 +53,14 @@ class RepliesToFormattedMail(ReplyCase):
     def test_a_message_in_a_window_of_its_own_is_answered(self):
         self.start_kest("script")
         self.select("Formatted")
-        self.thunderbird.press("Inbox - ", "Return")
-        self.thunderbird.wait_window("Formatted - Mozilla Thunderbird")
+        self.addCleanup(self.thunderbird.close_opened, "Formatted - Mozilla Thunderbird")
+        self.thunderbird.open_first(self.bus, "Formatted - Mozilla Thunderbird")
         self.select("Another")
         self.thunderbird.raise_window("Formatted - Mozilla Thunderbird")
         wait_until(lambda: self.subject_selected() == "Formatted", "the message of the window")
         self.answer()
         mail = self.send_from("Re: Formatted")
         self.check_html(mail)
-        self.thunderbird.press("Formatted - Mozilla Thunderbird", "ctrl+w")
         self.assertEqual(mail["in-reply-to"], self.ids["Formatted"])
 
 

@@ -2,7 +2,7 @@
 
 import unittest
 
-from mail_case import wait_until
+from mail_case import repeat_until, wait_until
 from reply_case import BACK_ENDS, BEN, LONG, ReplyCase
 
 AT_ONCE = {"bSendReplies": "true", "bDeleteOriginals": "true"}
@@ -52,7 +52,7 @@ class RepliesSentAtOnce(ReplyCase):
                 self.mail.stop_smtp()
                 self.answer()
                 self.thunderbird.wait_window("Send Message Error", LONG)
-                self.thunderbird.press("Send Message Error", "Return")
+                self.thunderbird.press_until_gone("Send Message Error", "Return")
                 self.kest.click("OK", LONG)
                 self.kest.wait_until_idle(LONG)
                 self.assertTrue(self.lies_in("", subject))
@@ -68,14 +68,14 @@ class RepliesSentAtOnce(ReplyCase):
         waiting = self.bus.new_message("Unsent", "text")
         self.bus.call("AddRecipient", "to", "", "carl@example.test", path=waiting)
         self.mail.stop_smtp()
-        self.thunderbird.press("Write: Unsent", "ctrl+Return")
-        self.thunderbird.wait_window("Send Message Error", LONG)
+        repeat_until(lambda: self.thunderbird.press("Write: Unsent", "ctrl+Return"),
+                     lambda: self.thunderbird.windows("Send Message Error"), "the question")
         self.mail.start_smtp()
         self.start_kest("script")
         self.answer()
         mail = self.send_from("Re: to show")
         self.check_answer(mail, "to show", "Shown")
-        self.thunderbird.press("Send Message Error", "Return")
+        self.thunderbird.press_until_gone("Send Message Error", "Return")
         self.close_kest()
         self.bus.call("Delete", path=waiting)
 

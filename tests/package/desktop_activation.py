@@ -64,7 +64,7 @@ class DesktopActivation(unittest.TestCase):
 
     def windows(self, title="^Kest$"):
         return subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title], env=self.sandbox.env,
-                              capture_output=True, text=True, timeout=10).stdout.split()
+                              capture_output=True, text=True, timeout=60).stdout.split()
 
     def turn_to_another_application(self):
         self.sandbox.start("elsewhere", ["xmessage", "-title", "Elsewhere", "elsewhere"])

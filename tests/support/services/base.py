@@ -22,7 +22,7 @@ class ServiceError(RuntimeError):
     """A service did not start or did not do what it must."""
 
 
-def wait_until(condition, what, seconds=10.0, every=0.01):
+def wait_until(condition, what, seconds=60.0, every=0.01):
     """Returns the first true value of condition(); raises ServiceError naming `what` when the time is up."""
     deadline = time.monotonic() + seconds
     while True:
@@ -32,6 +32,20 @@ def wait_until(condition, what, seconds=10.0, every=0.01):
         if time.monotonic() > deadline:
             raise ServiceError(f"gave up after {seconds:g} s waiting for {what}")
         time.sleep(every)
+
+
+def repeat_until(action, condition, what, seconds=100.0, every=10.0):
+    """Does something until condition() is true, again and again; returns its first true value.
+
+    For what a window may lose that has just come, such as a key, and that does no harm when it is done twice.
+    """
+    deadline = time.monotonic() + seconds
+    while True:
+        action()
+        with contextlib.suppress(ServiceError):
+            return wait_until(condition, what, every, every=0.05)
+        if time.monotonic() > deadline:
+            raise ServiceError(f"gave up after {seconds:g} s waiting for {what}")
 
 
 def free_port():
@@ -100,7 +114,7 @@ class Sandbox:
         self.processes.append(process)
         return process
 
-    def run(self, argv, seconds=20, env=None, **options):
+    def run(self, argv, seconds=60, env=None, **options):
         """Runs a command to its end and returns its standard output; raises with its words when it failed."""
         done = subprocess.run([str(word) for word in argv], env={**self.env, **(env or {})}, timeout=seconds,
                               capture_output=True, text=True, **options)

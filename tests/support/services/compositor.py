@@ -39,7 +39,7 @@ class Compositor:
             sandbox.env.pop(name, None)
         self.process = sandbox.start("sway", [*(NOT_AS_ROOT if os.geteuid() == 0 else []), "sway", "--config", config],
                                      env=HEADLESS)
-        wait_until(lambda: told.exists() or self.process.poll() is not None, "the compositor", 30)
+        wait_until(lambda: told.exists() or self.process.poll() is not None, "the compositor")
         if self.process.poll() is not None:
             raise ServiceError("the compositor did not start:\n" + sandbox.log("sway"))
         wayland, *x11 = told.read_text().split()
@@ -66,7 +66,7 @@ class Compositor:
         return [view for view in _views(json.loads(self.sandbox.run(["swaymsg", "-t", "get_tree"])))
                 if application_of(view).startswith(application) and title in (view["name"] or "")]
 
-    def wait_view(self, application="", title="", seconds=30):
+    def wait_view(self, application="", title="", seconds=60):
         return wait_until(lambda: self.views(application, title),
                           f"a window “{title}” of {application or 'any application'}", seconds, every=0.05)[-1]
 

@@ -48,7 +48,7 @@ class MailBus:
         taken, self.signals = self.signals, []
         return taken
 
-    def wait_signal(self, name, seconds=10):
+    def wait_signal(self, name, seconds=60):
         """Until a signal of that name has come; returns all that came up to now."""
         taken = []
 

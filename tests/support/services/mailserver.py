@@ -165,7 +165,7 @@ class MailServer:
         return [email.message_from_bytes(path.read_bytes(), policy=email.policy.default)
                 for path in sorted(self.outbox.glob("*.eml"))]
 
-    def wait_sent(self, count=1, seconds=30):
+    def wait_sent(self, count=1, seconds=60):
         """The messages that SMTP took, as soon as there are `count`."""
         wait_until(lambda: len(list(self.outbox.glob("*.eml"))) >= count, f"{count} mails at the SMTP server", seconds)
         return self.sent()

@@ -21,18 +21,28 @@ class Operator:
         import pyatspi
         self.atspi = pyatspi
 
-    def application(self, name, seconds=20):
-        """The running program whose accessible name begins with `name`."""
-        return wait_until(lambda: self._application(name), f"the program “{name}” on the accessibility bus", seconds,
-                          every=0.1)
+    def application(self, name, seconds=60, process=None):
+        """The running program whose accessible name begins with `name`, and that is this process where one is given.
 
-    def _application(self, name):
+        One that has just ended may still be listed.
+        """
+        return wait_until(lambda: self._application(name, process), f"the program “{name}” on the accessibility bus",
+                          seconds, every=0.1)
+
+    def _application(self, name, process):
         for program in self._children(self.atspi.Registry.getDesktop(0)):
-            if program and (self._name(program) or "").lower().startswith(name.lower()):
+            if program and (self._name(program) or "").lower().startswith(name.lower()) \
+                    and process in (None, self._process_of(program)):
                 return program
         return None
 
-    def find(self, root, name=None, role=None, seconds=10, showing=True, where=None):
+    def _process_of(self, program):
+        try:
+            return program.get_process_id()
+        except Exception:  # it has ended
+            return -1
+
+    def find(self, root, name=None, role=None, seconds=60, showing=True, where=None):
         """The first control below `root` with this accessible name (exact) and role name."""
         return wait_until(lambda: self._find(root, name, role, showing, where),
                           f"the control “{name}” ({role or 'any role'})", seconds, every=0.05)
@@ -92,7 +102,7 @@ class Operator:
         self.sandbox.run(["xdotool", "windowactivate", "--sync", window])
         self.sandbox.run(["xdotool", "type", "--delay", "20", text], seconds=60)
 
-    def click(self, control, seconds=5):
+    def click(self, control, seconds=60):
         """Moves the pointer onto the control and presses the left button there."""
         wait_until(lambda: self.is_enabled(control), f"“{control.name}” to be enabled", seconds, every=0.02)
         self.click_at_once(control)
@@ -118,7 +128,7 @@ class Operator:
     def move_window(self, window, x, y):
         self.sandbox.run(["xdotool", "windowmove", window, x, y])
 
-    def window(self, pattern, seconds=20):
+    def window(self, pattern, seconds=60):
         """The id of a visible window whose title matches the pattern."""
         def search():
             try:

@@ -234,7 +234,7 @@ class SoundServer:
 
     def _run(self, *words):
         return subprocess.run(["pactl", *words], env={**self.sandbox.env, "LC_ALL": "C"}, capture_output=True,
-                              text=True, timeout=10)
+                              text=True, timeout=60)
 
     def _pactl(self, *words):
         done = self._run(*words)

@@ -9,7 +9,7 @@ import threading
 import time
 from pathlib import Path
 
-from .base import ServiceError, wait_until
+from .base import ServiceError, repeat_until, wait_until
 from .mailserver import MailServer
 from .thunderbird_profile import PROGRAM, ThunderbirdProfile
 
@@ -66,8 +66,17 @@ class Thunderbird:
         wait_until(self.on_bus, f"{BUS_NAME} on the bus", seconds, every=0.05)
         wait_until(lambda: self.windows("Mozilla Thunderbird"), "Thunderbird's main window", seconds, every=0.05)
 
-    def wait_off_bus(self, seconds=10):
+    def wait_off_bus(self, seconds=60):
         wait_until(lambda: not self.on_bus(), f"{BUS_NAME} to leave the bus", seconds, every=0.02)
+
+    @contextlib.contextmanager
+    def stopped(self):
+        """It does not get on meanwhile."""
+        self.process.send_signal(signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            self.process.send_signal(signal.SIGCONT)
 
     def stop(self):
         """Asks it to quit, as a session's end does."""
@@ -106,12 +115,12 @@ class Thunderbird:
     def windows(self, title=""):
         """Ids of its visible windows whose title holds the text, newest last."""
         done = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", re.escape(title) or "."],
-                              env=self.sandbox.env, capture_output=True, text=True, timeout=10)
+                              env=self.sandbox.env, capture_output=True, text=True, timeout=60)
         return [word for word in done.stdout.split() if self._is_mine(word)]
 
     def _is_mine(self, window):
         done = subprocess.run(["xprop", "-id", window, "WM_CLASS"], env=self.sandbox.env, capture_output=True,
-                              text=True, timeout=10)
+                              text=True, timeout=60)
         return "thunderbird" in done.stdout
 
     def wait_window(self, title, seconds=60):
@@ -135,6 +144,9 @@ class Thunderbird:
     def press(self, title, *keys):
         """Presses keys ("ctrl+Return") in the window with that title, raised first."""
         self.raise_window(title)
+        self._key(*keys)
+
+    def _key(self, *keys):
         self.sandbox.run(["xdotool", "key", "--clearmodifiers", "--delay", "40", *keys])
 
     def open_inbox(self, bus, messages=1):
@@ -169,18 +181,44 @@ class Thunderbird:
 
     def select_first(self, bus):
         """Selects the first message alone, and returns its path."""
-        self._click_first()
-        self.press("Inbox - ", "Home")
-        return wait_until(lambda: len(bus.selection()) == 1 and bus.selection(), "one selected message")[0]
+        def select():
+            self._click_first()
+            self.press("Inbox - ", "Home")
+        return repeat_until(select, lambda: len(bus.selection()) == 1 and bus.selection(), "one selected message")[0]
+
+    def open_first(self, bus, title):
+        """Opens the inbox's first message with the keyboard, in a tab or a window, which then has that title."""
+        def open_it():
+            if self.windows("Inbox - "):
+                self.select_first(bus)
+                self.press("Inbox - ", "Return")
+        repeat_until(open_it, lambda: self.windows(title), f"a message's window “{title}”")
+
+    def close_opened(self, title):
+        """Closes the tabs and windows that `open_first` opened; seldom, since one too many closes the main window."""
+        self.press_until_gone(title, "ctrl+w", every=30)
+        self.wait_window("Inbox - ")
+
+    def press_until_gone(self, title, *keys, every=10):
+        """Presses keys in the newest window with that title until there is none; one that has just come may lose them."""
+        def press():
+            for window in self.windows(title)[-1:]:
+                with contextlib.suppress(ServiceError):  # it may go by itself
+                    self.sandbox.run(["xdotool", "windowactivate", "--sync", window])
+                    self._key(*keys)
+        repeat_until(press, lambda: not self.windows(title), f"the window “{title}” to go", every=every)
 
     def send_from_window(self, title):
         """Sends the message of a compose window as a person does, and waits for the window to go."""
-        self.press(title, "ctrl+Return")
-        wait_until(lambda: not self.windows(title), f"the window “{title}” to close after sending", 60, every=0.05)
+        self.wait_window(title)
+        self.press_until_gone(title, "ctrl+Return")
 
     def answer_prompt(self, title, *keys):
         """Presses keys in a prompt with that title when it comes, while the caller goes on."""
-        thread = threading.Thread(target=self.press, args=(title, *keys), daemon=True)
+        def answer():
+            self.wait_window(title)
+            self.press_until_gone(title, *keys)
+        thread = threading.Thread(target=answer, daemon=True)
         thread.start()
         return thread
 

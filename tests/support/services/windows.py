@@ -27,7 +27,7 @@ class Windows:
         """Shown, by the window manager's word; the window may be on its way in or out of its frame."""
         return "window state: Normal" in self.sandbox.run(["xprop", "-id", window, "WM_STATE"])
 
-    def of_class(self, name, seconds=10):
+    def of_class(self, name, seconds=60):
         """The id of the only visible window of that class."""
         def search():
             try:
