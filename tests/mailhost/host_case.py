@@ -95,7 +95,7 @@ class HostCase(unittest.TestCase):
         thread.start()
         return thread
 
-    def end(self, seconds=5):
+    def end(self, seconds=60):
         return self.host.wait(seconds)
 
     def fails(self, name, work, *arguments):

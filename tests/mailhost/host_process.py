@@ -107,7 +107,7 @@ class HostProcess(HostCase):
     def test_without_a_bus_it_says_so_and_ends(self):
         self.bus_service.stop()
         host = subprocess.run([HOST, "manifest.json", ADDON], env=self.sandbox.env, stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                              timeout=10)
+                              timeout=60)
         self.assertEqual(host.returncode, 1)
 
     def test_two_hosts_queue_for_the_name(self):
@@ -116,7 +116,7 @@ class HostProcess(HostCase):
         self.start()
         self.answer(lambda _call: {"result": [["second", "", ""]]})
         first.stdin.close()
-        first.wait(5)
+        first.wait(60)
         wait_until(lambda: self.bus.connection.name_has_owner(NAME), "the second host's turn")
         self.assertEqual(self.bus.accounts(), [("second", "", "")])
 

@@ -13,6 +13,7 @@ namespace {
 
 // Longer than the program takes to believe that another application is in front.
 constexpr int afterTheGrace = 500; // ms
+constexpr int patience = 60'000;   // ms
 
 } // namespace
 
@@ -31,13 +32,13 @@ class TestCompanion : public QObject
     void turnTo(xcb_window_t window)
     {
         m_desktop.activate(window);
-        QTRY_COMPARE(m_desktop.activeWindow(), window);
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.activeWindow(), window, patience);
     }
 
     void hideByTurningToAnother()
     {
         turnTo(m_other);
-        QTRY_VERIFY(!m_desktop.isViewable(m_window));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_desktop.isViewable(m_window), patience);
     }
 
 private Q_SLOTS:
@@ -45,12 +46,12 @@ private Q_SLOTS:
     {
         m_mail = m_desktop.openWindow("thunderbird-default");
         m_other = m_desktop.openWindow("XTerm");
-        QTRY_COMPARE(m_desktop.activeWindow(), m_other);
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.activeWindow(), m_other, patience);
         m_kest = std::make_unique<QProcess>();
         m_kest->setProcessChannelMode(QProcess::ForwardedChannels);
         m_kest->start(program(), QStringList());
-        QTRY_VERIFY_WITH_TIMEOUT((m_window = m_desktop.findWindow("Kest")) && m_desktop.isViewable(m_window), 10000);
-        QTRY_COMPARE(m_desktop.activeWindow(), m_window);
+        QTRY_VERIFY_WITH_TIMEOUT((m_window = m_desktop.findWindow("Kest")) && m_desktop.isViewable(m_window), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.activeWindow(), m_window, patience);
     }
 
     void cleanup()
@@ -61,13 +62,13 @@ private Q_SLOTS:
         }
         m_desktop.closeWindow(m_mail);
         m_desktop.closeWindow(m_other);
-        QTRY_COMPARE(m_desktop.findWindow("Kest"), xcb_window_t(XCB_WINDOW_NONE));
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.findWindow("Kest"), xcb_window_t(XCB_WINDOW_NONE), patience);
     }
 
     void anotherApplicationHidesTheWindow()
     {
         turnTo(m_other);
-        QTRY_VERIFY(!m_desktop.isViewable(m_window));
+        QTRY_VERIFY_WITH_TIMEOUT(!m_desktop.isViewable(m_window), patience);
         QCOMPARE(m_desktop.activeWindow(), m_other);
     }
 
@@ -82,8 +83,8 @@ private Q_SLOTS:
     {
         hideByTurningToAnother();
         turnTo(m_mail);
-        QTRY_VERIFY(m_desktop.isViewable(m_window));
-        QTRY_VERIFY(m_desktop.stackingOf(m_window) > m_desktop.stackingOf(m_mail));
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.isViewable(m_window), patience);
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.stackingOf(m_window) > m_desktop.stackingOf(m_mail), patience);
         QTest::qWait(afterTheGrace); // nothing may happen
         QCOMPARE(m_desktop.activeWindow(), m_mail);
         QVERIFY(m_desktop.isViewable(m_window));
@@ -93,9 +94,9 @@ private Q_SLOTS:
     {
         hideByTurningToAnother();
         turnTo(m_mail);
-        QTRY_VERIFY(m_desktop.isViewable(m_window));
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.isViewable(m_window), patience);
         m_desktop.activate(m_window);
-        QTRY_COMPARE(m_desktop.activeWindow(), m_window);
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.activeWindow(), m_window, patience);
     }
 
     void goingToAndFroManyTimesEndsRight()
@@ -104,6 +105,7 @@ private Q_SLOTS:
             turnTo(m_other);
             turnTo(m_mail);
         }
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.isViewable(m_window), patience);
         QTest::qWait(afterTheGrace); // nothing may happen
         QVERIFY(m_desktop.isViewable(m_window));
         QCOMPARE(m_desktop.activeWindow(), m_mail);
@@ -118,8 +120,8 @@ private Q_SLOTS:
         QVERIFY(second.waitForFinished());
         QCOMPARE(second.exitStatus(), QProcess::NormalExit);
         QCOMPARE(second.exitCode(), 0);
-        QTRY_VERIFY(m_desktop.isViewable(m_window));
-        QTRY_COMPARE(m_desktop.activeWindow(), m_window);
+        QTRY_VERIFY_WITH_TIMEOUT(m_desktop.isViewable(m_window), patience);
+        QTRY_COMPARE_WITH_TIMEOUT(m_desktop.activeWindow(), m_window, patience);
         QCOMPARE(m_kest->state(), QProcess::Running);
     }
 

@@ -12,6 +12,12 @@
 using namespace kest;
 using kest::test::tellSoundServer;
 
+namespace {
+
+constexpr int patience = 60'000; // ms
+
+} // namespace
+
 // Each test finds the server with one microphone, the default: "Built-in Microphone".
 class TestInputDeviceName : public QObject
 {
@@ -53,7 +59,7 @@ private Q_SLOTS:
     {
         m_field = FakeInputNameField();
         m_monitor = std::make_unique<InputDeviceMonitor>(*m_sound.audioHardware, m_field.field());
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
     }
 
     void theSameMicrophoneLeavesTheFieldUntouched()
@@ -67,9 +73,9 @@ private Q_SLOTS:
     {
         addSource(u"usb"_qs, u"USB  Mic"_qs);
         choose(u"usb"_qs);
-        QTRY_VERIFY(shows(u"USB  Mic"_qs, u"US"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"USB  Mic"_qs, u"US"_qs), patience);
         choose(m_microphone);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
         removeSource(u"usb"_qs);
     }
 
@@ -78,9 +84,9 @@ private Q_SLOTS:
         addSource(u"usb"_qs, u"USB Mic"_qs);
         QVERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
         choose(u"usb"_qs); // the news of it bring the news of its arrival
-        QTRY_VERIFY(shows(u"USB Mic"_qs, u"UM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"USB Mic"_qs, u"UM"_qs), patience);
         choose(m_microphone);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
         removeSource(u"usb"_qs);
         QVERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
     }
@@ -88,9 +94,9 @@ private Q_SLOTS:
     void aRenamedMicrophoneIsShownByItsNewName()
     {
         rename(u"Desk Stand Microphone"_qs);
-        QTRY_VERIFY(shows(u"Desk Stand Microphone"_qs, u"DS"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Desk Stand Microphone"_qs, u"DS"_qs), patience);
         rename(u"Built-in Microphone"_qs);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
     }
 
     void aMicrophoneOfOneWordSetsTheToolTipAndRaises()
@@ -106,15 +112,15 @@ private Q_SLOTS:
             }
             return raised;
         };
-        QTRY_VERIFY(raises());
+        QTRY_VERIFY_WITH_TIMEOUT(raises(), patience);
         QCOMPARE(m_field.toolTip, u"Microphone"_qs);
         QCOMPARE(m_field.text, u"BM"_qs);
         QCOMPARE(m_monitor->oldInputName(), u"Built-in Microphone"_qs);
         addSource(u"other"_qs, u"Other Mic"_qs);
         choose(u"other"_qs);
-        QTRY_VERIFY((raises(), m_field.text == u"OM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT((raises(), m_field.text == u"OM"_qs), patience);
         choose(m_microphone);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
         removeSource(u"plain"_qs);
         removeSource(u"other"_qs);
     }
@@ -126,12 +132,12 @@ private Q_SLOTS:
         InputDeviceMonitor watcher(*m_sound.audioHardware, watcherField.field());
         m_field.recording = true;
         choose(u"usb"_qs);
-        QTRY_VERIFY((watcher.updateInputName(), watcherField.text == u"UM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT((watcher.updateInputName(), watcherField.text == u"UM"_qs), patience);
         QVERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
         m_field.recording = false;
         QVERIFY(shows(u"USB Mic"_qs, u"UM"_qs));
         choose(m_microphone);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
         removeSource(u"usb"_qs);
     }
 
@@ -139,9 +145,9 @@ private Q_SLOTS:
     {
         addSource(u"usb"_qs, u"USB Mic"_qs);
         choose(u"usb"_qs);
-        QTRY_VERIFY(shows(u"USB Mic"_qs, u"UM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"USB Mic"_qs, u"UM"_qs), patience);
         removeSource(u"usb"_qs);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
     }
 
     // PipeWire's server forgets now and then to tell that the default source is another one.
@@ -149,10 +155,10 @@ private Q_SLOTS:
     {
         for (int round = 0; round < 20; ++round) {
             removeSource(m_microphone);
-            QTRY_VERIFY((m_monitor->updateInputName(), m_field.toolTip.isEmpty()));
+            QTRY_VERIFY_WITH_TIMEOUT((m_monitor->updateInputName(), m_field.toolTip.isEmpty()), patience);
             addSource(m_microphone, u"Built-in Microphone"_qs);
             choose(m_microphone);
-            QTRY_VERIFY2(shows(u"Built-in Microphone"_qs, u"BM"_qs), qPrintable(u"round %1"_qs.arg(round)));
+            QTRY_VERIFY2_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), qPrintable(u"round %1"_qs.arg(round)), patience);
         }
     }
 
@@ -173,11 +179,11 @@ private Q_SLOTS:
         removeSource(m_microphone);
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(u"^Error -?[0-9]+ retreiving default input device$"_qs));
-        QTRY_VERIFY(shows(QString(), QString()));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(QString(), QString()), patience);
         QVERIFY(m_monitor->oldInputName().isNull());
         addSource(m_microphone, u"Built-in Microphone"_qs);
         choose(m_microphone);
-        QTRY_VERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
     }
 
     // Last: the server that comes back is a new one.
@@ -186,9 +192,9 @@ private Q_SLOTS:
         tellSoundServer("kill");
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(u"^Error -?[0-9]+ retreiving default input device$"_qs));
-        QTRY_VERIFY(shows(QString(), QString()));
+        QTRY_VERIFY_WITH_TIMEOUT(shows(QString(), QString()), patience);
         tellSoundServer("restart_with_microphone");
-        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), 20'000);
+        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
     }
 };
 

@@ -129,9 +129,12 @@ private Q_SLOTS:
     {
         const FileURL file = m_files.write("short.m4a", "bytes");
         DBusMailTransport transport;
-        QTimer::singleShot(50, this, [&] { ::unlink(file.nativePath().constData()); });
+        const QString message = makeMessage(transport);
         m_fake.at(2, u"delay"_s, u"200"_s);
-        QVERIFY(!hand(file, &transport).error);
+        bool gone = false;
+        QTimer::singleShot(0, this, [&] { gone = ::unlink(file.nativePath().constData()) == 0; }); // while it is answered
+        QVERIFY(!attach(transport, message, file).error);
+        QVERIFY(gone);
         QCOMPARE(test::attachedBytes(m_fake.onlyOutgoing()[u"attachments"][0]), QByteArray("bytes"));
     }
 
@@ -140,11 +143,21 @@ private:
     {
         DBusMailTransport own;
         MailTransport &used = transport ? *transport : own;
-        const MailReply made = used.call({u"/org/kest/Mail1"_s, u"org.kest.Mail1.Application"_s,
-                                          u"MakeOutgoingMessage"_s, MailCall::Kind::Method, {u"s"_s, u"c"_s}});
+        return attach(used, makeMessage(used), file);
+    }
+
+    static QString makeMessage(MailTransport &transport)
+    {
+        const MailReply made = transport.call({u"/org/kest/Mail1"_s, u"org.kest.Mail1.Application"_s,
+                                               u"MakeOutgoingMessage"_s, MailCall::Kind::Method, {u"s"_s, u"c"_s}});
+        return made.values.value(0).toString();
+    }
+
+    static MailReply attach(MailTransport &transport, const QString &message, const FileURL &file)
+    {
         const QString name = MailFile{file}.name();
-        return used.call({made.values.value(0).toString(), u"org.kest.Mail1.OutgoingMessage"_s, u"InsertAttachment"_s,
-                          MailCall::Kind::Method, {name, QVariant::fromValue(MailFile{file}), quint64(1)}});
+        return transport.call({message, u"org.kest.Mail1.OutgoingMessage"_s, u"InsertAttachment"_s,
+                               MailCall::Kind::Method, {name, QVariant::fromValue(MailFile{file}), quint64(1)}});
     }
 
     test::FakeMail m_fake;

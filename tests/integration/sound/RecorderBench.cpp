@@ -21,7 +21,7 @@ RecorderBench::~RecorderBench()
 {
     recorder.reset();
     if (sound.recorderFactory)
-        sound.recorderFactory->waitForFinished(10'000);
+        sound.recorderFactory->waitForFinished(60'000);
 }
 
 AudioRecorderSettings RecorderBench::settings()
@@ -45,7 +45,7 @@ bool RecorderBench::waitUntilConnected()
     return QTest::qWaitFor([&] {
         quint32 device = 0;
         return sound.audioHardware->propertyData(1, defaultInput, &device) == 0;
-    });
+    }, 60'000);
 }
 
 bool RecorderBench::startRecording(double seconds)

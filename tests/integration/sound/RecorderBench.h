@@ -33,8 +33,8 @@ public:
     /// The same, then stops and waits until it is finished.
     bool recordFor(double seconds);
     bool stopRecording();
-    bool waitForCapture(double seconds, int milliseconds = 10'000);
-    bool waitUntilFinished(int milliseconds = 10'000);
+    bool waitForCapture(double seconds, int milliseconds = 60'000);
+    bool waitUntilFinished(int milliseconds = 60'000);
 
     PulseSound sound;
     FolderURL folder;
