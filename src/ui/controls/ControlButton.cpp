@@ -33,6 +33,12 @@ QColor translucent(QColor color, double amount)
     return color;
 }
 
+/// An unset size counts as minus one.
+QSize orNothing(const QSize &extra)
+{
+    return extra.expandedTo({0, 0});
+}
+
 /// Arrows along a line of text turn with the direction of reading. Playing does not, as time does not.
 bool pointsAlongTheText(const QString &image)
 {
@@ -88,16 +94,16 @@ void ControlButton::updateToolTip()
 QSize ControlButton::sizeHint() const
 {
     if (m_kind == Kind::Round)
-        return QSize(scaledToText(roundSize), scaledToText(roundSize)) + extraSize();
+        return QSize(scaledToText(roundSize), scaledToText(roundSize)) + orNothing(extraSize());
     if (m_kind == Kind::Ghost)
-        return QSize(scaledToText(ghostSize), scaledToText(ghostSize)) + extraSize();
+        return QSize(scaledToText(ghostSize), scaledToText(ghostSize)) + orNothing(extraSize());
     int width = 2 * sidePadding;
     if (!m_image.isEmpty())
         width += scaledToText(glyphSize);
     if (!text().isEmpty())
         width += textWidth() + (m_image.isEmpty() ? 0 : iconGap);
     // Only a font larger than the main window's needs more than the plain height.
-    return QSize(width, qMax(plainHeight, fontMetrics().height() + leastTextMargin)) + extraSize();
+    return QSize(width, qMax(plainHeight, fontMetrics().height() + leastTextMargin)) + orNothing(extraSize());
 }
 
 int ControlButton::textWidth() const
@@ -162,7 +168,7 @@ void ControlButton::paintContents(QPainter &painter) const
     const int textSize = textWidth();
     const int glyph = scaledToText(glyphSize);
     const int imageWidth = image.isEmpty() ? 0 : glyph + (textSize ? iconGap : 0);
-    const int left = (width() - extraSize().width() - imageWidth - textSize) / 2;
+    const int left = (width() - orNothing(extraSize()).width() - imageWidth - textSize) / 2;
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
     if (!image.isEmpty()) {
         const QPointF middle(mirrored ? width() - left - glyph / 2.0 : left + glyph / 2.0, height() / 2.0);

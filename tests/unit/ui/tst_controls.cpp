@@ -2,6 +2,7 @@
 #include "ui/controls/ControlButton.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/MeterFrame.h"
+#include "ui/controls/PullDownButton.h"
 #include "ui/controls/ReadoutField.h"
 
 #include <QAccessible>
@@ -120,6 +121,19 @@ private Q_SLOTS:
         QVERIFY(accessible->textInterface());
         QCOMPARE(accessible->textInterface()->text(0, 5), QStringLiteral("00:07"));
         QVERIFY(accessible->state().readOnly);
+    }
+
+    void buttonsAreAsLargeAsDrawn()
+    {
+        ControlButton button;
+        button.setText(QStringLiteral("Reply"));
+        PullDownButton pullDown;
+        QCOMPARE(button.sizeHint().height(), 32);
+        QCOMPARE(pullDown.sizeHint().height(), button.sizeHint().height());
+        button.setKind(ControlButton::Kind::Round);
+        QCOMPARE(button.sizeHint(), QSize(38, 38));
+        button.setKind(ControlButton::Kind::Ghost);
+        QCOMPARE(button.sizeHint(), QSize(24, 24));
     }
 
     void aFieldWithoutANameOfItsOwnIsItsText()
