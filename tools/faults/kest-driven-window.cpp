@@ -4,7 +4,8 @@
 //     again                       another recording in the same window     ->  taken
 //     press script|own NAME       presses the control of that name         ->  a JSON object, see `pressed`
 //
-// Limits: a call 0.4 s, the start of a mail application 1 s.
+// Arguments: the limits for a call and for the start of a mail application, in milliseconds. The call after one that was not
+// answered in time has a quarter of the former.
 
 #include "app/SettingsTable.h"
 #include "gui/WindowHouse.h"
@@ -17,13 +18,14 @@
 #include <QJsonObject>
 #include <QSocketNotifier>
 
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <stdexcept>
 #include <unistd.h>
 
 using namespace kest;
 using namespace kest::test;
-using namespace std::chrono_literals;
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -33,7 +35,7 @@ class Driven : public QObject
     Q_OBJECT
 
 public:
-    Driven() : m_input(STDIN_FILENO, QSocketNotifier::Read)
+    explicit Driven(const DBusMailTransport::Limits &limits) : m_limits(limits), m_input(STDIN_FILENO, QSocketNotifier::Read)
     {
         if (!m_in.open(stdin, QIODevice::ReadOnly | QIODevice::Unbuffered))
             qFatal("no standard input");
@@ -60,8 +62,7 @@ private:
     {
         m_house.reset();
         m_content.clear();
-        m_mail = std::make_unique<DBusMailTransport>(
-            DBusMailTransport::Limits{.answer = 400ms, .start = 1s, .startAgain = 1s});
+        m_mail = std::make_unique<DBusMailTransport>(m_limits);
         m_house = std::make_unique<WindowHouse>();
         m_house->otherMail = m_mail.get();
         m_house->settings->setBool(sending, SettingsKeys::bSendReplies);
@@ -129,6 +130,7 @@ private:
         std::fflush(stdout);
     }
 
+    const DBusMailTransport::Limits m_limits;
     QFile m_in;
     QSocketNotifier m_input;
     std::unique_ptr<DBusMailTransport> m_mail;
@@ -142,7 +144,11 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    Driven driven;
+    if (argc != 3)
+        qFatal("usage: kest-driven-window ANSWER START");
+    const std::chrono::milliseconds answer(std::atoi(argv[1]));
+    const std::chrono::milliseconds start(std::atoi(argv[2]));
+    Driven driven({.answer = answer, .start = start, .startAgain = start, .answerAgain = answer / 4});
     return QApplication::exec();
 }
 

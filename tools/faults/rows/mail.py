@@ -3,23 +3,21 @@
 import concurrent.futures
 import itertools
 import json
-import select
-import subprocess
 
 import dbus
 import dbus.bus
 
-from services.base import ServiceError, wait_until
+from services.base import wait_until
 from services.bus import SessionBus
 
 from .driven import PATIENCE
+from .kestwindow import BACK_ENDS, COMMANDS, KestWindow
 from .row import Row, Seen
 
-LIMIT = 0.4  # Seconds for one call, see kest-driven-window.cpp.
+LIMIT = 0.4  # Seconds for one call.
+START_MILLISECONDS = 1000  # For a mail application to come up.
 MORE = 2.0  # Seconds that a press may take beyond it: a start of a mail application, and a busy machine.
 NAME = "org.kest.Mail1.Fake"
-BACK_ENDS = ("script", "own")
-COMMANDS = {"New Message": ("sending", "New Message"), "Reply, sent": ("sending", "Reply"), "Reply, shown": ("showing", "Reply")}
 SEND = "OutgoingMessage.Send"
 DELETE = "Message.Delete"
 WHOLE_REPLY = "Application.Reply"
@@ -45,9 +43,7 @@ class Post:
         self.journal = self.sandbox.root / "journal"
         self.fake = None
         self.start_fake()
-        self.window = self.sandbox.start("window", [context.build / "bin/kest-driven-window"], stdin=subprocess.PIPE,
-                                         stdout=subprocess.PIPE, env={"QT_QPA_PLATFORM": "offscreen"})
-        self.pending = b""
+        self.window = KestWindow(context, int(LIMIT * 1000), START_MILLISECONDS)
 
     def start_fake(self):
         if self.fake:
@@ -75,41 +71,21 @@ class Post:
         """What the mail application has done, in order."""
         return self.journal.read_text().split()
 
-    def tell_window(self, command):
-        self.window.stdin.write(command.encode() + b"\n")
-        self.window.stdin.flush()
-        ready, _, _ = select.select([self.window.stdout], [], [], PATIENCE)
-        if not ready:
-            raise ServiceError(f"the window hangs at “{command}”")
-        return self.window.stdout.readline().decode().strip()
-
-    def take(self, command):
-        """A new window with a recording, and the settings for the command."""
-        if self.tell_window(f"take {COMMANDS[command][0]}") != "taken":
-            raise ServiceError("no recording")
-
-    def press(self, back_end, command):
-        return json.loads(self.tell_window(f"press {back_end} {COMMANDS[command][1]}"))
-
     def count_calls(self, back_end, command):
         self.prepare()
-        self.take(command)
-        self.press(back_end, command)
+        self.window.take(command)
+        self.window.press(back_end, command)
         return json.loads(self.tell_fake("Log"))
-
-    def close(self):
-        self.window.stdin.close()
-        self.sandbox.stop(self.window)
 
 
 def is_alive(process):
     return process.poll() is None
 
 
-def judge(told, done, call):
-    """Sentences about one press during which `call` met a fault."""
+def judge(told, done, call, longest=LIMIT + MORE):
+    """Sentences about one press of at most `longest` seconds during which `call` met a fault."""
     failures = []
-    if told["seconds"] > LIMIT + MORE:
+    if told["seconds"] > longest:
         failures.append(f"took {told['seconds']:.2f} s")
     if told["busy"] or not told["enabled"]:
         failures.append("the window stays busy")
@@ -133,9 +109,9 @@ def one(post, back_end, command, number, call, fault):
     """(sentences, seconds of the press) for a fault at the call with that number."""
     action, detail = FAULTS[fault]
     post.prepare()
-    post.take(command)
+    post.window.take(command)
     post.tell_fake("At", dbus.UInt32(number), action, str(post.bus.process.pid) if detail is None else detail, signature="uss")
-    told = post.press(back_end, command)
+    told = post.window.press(back_end, command)
     failures = judge(told, post.done(), call)
     if action == "kill":
         post.restart_bus()
@@ -144,9 +120,9 @@ def one(post, back_end, command, number, call, fault):
         post.start_fake()
     post.prepare()
     # What was handed over counts as used, also when the mail application then failed; its file stays.
-    if not told["recordingExists"] and post.tell_window("again") != "taken":
-        raise ServiceError("no recording afterwards")
-    again = post.press(back_end, command)
+    if not told["recordingExists"]:
+        post.window.take_again()
+    again = post.window.press(back_end, command)
     if again["alerts"] or again["exception"] or again["recordingExists"]:
         failures.append(f"the next press fails: {again['alert'] or again['exception']}")
     failures += [f"at the next press: {text}" for text in judge(again, post.done(), None)]
@@ -170,7 +146,7 @@ def several(context, cases):
                 seen.failures += [f"{command}, {back_end}, call {number} ({call}), {fault}: {text}" for text in failures]
                 if failures:
                     break  # what it left is nobody's ground to go on from
-            post.close()
+            post.window.close()
     return seen, worst
 
 
@@ -180,7 +156,7 @@ def all_calls(context):
         post = Post(own)
         found = [(back_end, command, number, call) for back_end, command in itertools.product(BACK_ENDS, COMMANDS)
                  for number, call in enumerate(post.count_calls(back_end, command), 1)]
-        post.close()
+        post.window.close()
     return found
 
 
