@@ -4,8 +4,8 @@
 //     again                       another recording in the same window     ->  taken
 //     press script|own NAME       presses the control of that name         ->  a JSON object, see `pressed`
 //
-// Arguments: the limits for a call and for the start of a mail application, in milliseconds. The call after one that was not
-// answered in time has a quarter of the former.
+// Arguments: the limits for a call, for the start of a mail application, and for the call after one that was not answered in
+// time, in milliseconds.
 
 #include "app/SettingsTable.h"
 #include "gui/WindowHouse.h"
@@ -144,11 +144,12 @@ int main(int argc, char **argv)
 {
     QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    if (argc != 3)
-        qFatal("usage: kest-driven-window ANSWER START");
+    if (argc != 4)
+        qFatal("usage: kest-driven-window ANSWER START AGAIN");
     const std::chrono::milliseconds answer(std::atoi(argv[1]));
     const std::chrono::milliseconds start(std::atoi(argv[2]));
-    Driven driven({.answer = answer, .start = start, .startAgain = start, .answerAgain = answer / 4});
+    const std::chrono::milliseconds again(std::atoi(argv[3]));
+    Driven driven({.answer = answer, .start = start, .startAgain = start, .answerAgain = again});
     return QApplication::exec();
 }
 

@@ -14,10 +14,12 @@ BACK_ENDS = ("script", "own")
 
 
 class KestWindow:
-    """kest-driven-window; `limits` are its milliseconds for a call and for the start of a mail application."""
+    """kest-driven-window. In seconds the limits for a call, for the start of a mail application, and for the call after one
+    that was not answered in time."""
 
-    def __init__(self, context, *limits):
+    def __init__(self, context, answer, start, again):
         self.sandbox = context.sandbox
+        limits = (int(limit * 1000) for limit in (answer, start, again))
         self.process = self.sandbox.start("window", [context.build / "bin/kest-driven-window", *limits], stdin=subprocess.PIPE,
                                           stdout=subprocess.PIPE, env={"QT_QPA_PLATFORM": "offscreen"})
 

@@ -15,7 +15,7 @@ from .kestwindow import BACK_ENDS, COMMANDS, KestWindow
 from .row import Row, Seen
 
 LIMIT = 0.4  # Seconds for one call.
-START_MILLISECONDS = 1000  # For a mail application to come up.
+START = 1  # Seconds for a mail application to come up.
 MORE = 2.0  # Seconds that a press may take beyond it: a start of a mail application, and a busy machine.
 NAME = "org.kest.Mail1.Fake"
 SEND = "OutgoingMessage.Send"
@@ -43,7 +43,7 @@ class Post:
         self.journal = self.sandbox.root / "journal"
         self.fake = None
         self.start_fake()
-        self.window = KestWindow(context, int(LIMIT * 1000), START_MILLISECONDS)
+        self.window = KestWindow(context, LIMIT, START, LIMIT)
 
     def start_fake(self):
         if self.fake:
