@@ -48,7 +48,7 @@ private Q_SLOTS:
         m_fake.configure();
         m_house = std::make_unique<WindowHouse>();
         m_mail = std::make_unique<DBusMailTransport>(
-            DBusMailTransport::Limits{.answer = 5s, .start = 5s, .startAgain = 1s});
+            DBusMailTransport::Limits{.answer = 60s, .start = 60s, .startAgain = 1s});
         m_house->otherMail = m_mail.get();
         m_house->openAndShow();
     }
@@ -99,7 +99,7 @@ private Q_SLOTS:
 
     void theWindowPaintsAndTakesNoInputWhileItWaits()
     {
-        m_fake.at(1, QStringLiteral("delay"), QStringLiteral("400"));
+        m_fake.freeze(); // until this test has looked
         record();
         bool painted = false;
         QString notice;
@@ -109,6 +109,7 @@ private Q_SLOTS:
             enabled = m_house->isEnabled(QStringLiteral("Record"));
             painted = !controller().window()->grab().isNull();
             controller().mailComposeNewMessage(); // nothing may come of it
+            m_fake.thaw();
         });
         m_house->click(newMessage);
         QVERIFY(painted);

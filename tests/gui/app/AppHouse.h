@@ -82,6 +82,7 @@ struct AppHouse {
         delegate = std::make_unique<AppDelegate>(platform, *defaults, alerts);
         initialized = AppDelegate::initialize(platform, *defaults);
         delegate->applicationDidFinishLaunching();
+        preloadsInLaunch = recorders().preloads;
         QCoreApplication::processEvents();
     }
 
@@ -100,6 +101,7 @@ struct AppHouse {
     std::unique_ptr<UserDefaults> defaults;
     RecordingAlertPresenter alerts;
     bool initialized = false;
+    int preloadsInLaunch = -1; ///< Before any event; -1 when it was not launched.
     std::unique_ptr<AppDelegate> delegate;
 };
 

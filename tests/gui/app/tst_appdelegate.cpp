@@ -91,7 +91,7 @@ private Q_SLOTS:
     void whatRecordingNeedsIsLoadedAfterTheStart()
     {
         m_house->launch();
-        QCOMPARE(m_house->recorders().preloads, 0);
+        QCOMPARE(m_house->preloadsInLaunch, 0);
         QTRY_COMPARE(m_house->recorders().preloads, 1);
     }
 

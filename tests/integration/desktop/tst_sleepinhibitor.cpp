@@ -3,6 +3,7 @@
 #include "support/FakeLogind.h"
 
 #include <QDBusObjectPath>
+#include <QDBusPendingCall>
 #include <QVariantMap>
 #include <QtTest>
 
@@ -98,6 +99,11 @@ private Q_SLOTS:
         sleep.hold(why);
         QTRY_VERIFY(logind.isHeld());
         sleep.hold(why);
+        const QDBusPendingCall later = QDBusConnection::systemBus().asyncCall(QDBusMessage::createMethodCall(
+            QStringLiteral("org.freedesktop.login1"), QStringLiteral("/org/freedesktop/login1"),
+            QStringLiteral("org.freedesktop.DBus.Peer"), QStringLiteral("Ping")));
+        QTRY_VERIFY_WITH_TIMEOUT(later.isFinished(), 60'000); // a further question had come before it
+        QCoreApplication::processEvents();
         QCOMPARE(logind.asked.size(), 1);
     }
 

@@ -77,6 +77,13 @@ void VirtualOutput::forget()
 {
     m_listener.readAll();
     m_raw.clear();
+    const auto silent = [this] {
+        const std::vector<float> samples = all();
+        return std::ssize(samples) >= silenceSamples && std::none_of(samples.end() - silenceSamples, samples.end(), audible);
+    };
+    if (!QTest::qWaitFor(silent, patience))
+        QTest::qFail("it does not become silent", __FILE__, __LINE__);
+    m_raw.clear();
 }
 
 std::vector<float> VirtualOutput::all()

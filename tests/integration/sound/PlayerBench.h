@@ -26,7 +26,7 @@ public:
     /// Begins to note what is heard, and waits until that works.
     void listen();
 
-    /// Begins anew: what was heard so far does not count.
+    /// Begins anew, once it is silent: what was played so far does not count, also where it is still on its way.
     void forget();
 
     /// What was heard since, without the silence before and behind; mono, at

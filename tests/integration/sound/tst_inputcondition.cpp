@@ -72,6 +72,7 @@ void InputConditionTest::start()
     AudioFileRecorder &recorder = m_bench->make();
     m_conditions = std::make_unique<QSignalSpy>(&recorder, &AudioFileRecorder::inputConditionChanged);
     QVERIFY(recorder.prepareToRecord());
+    QCOMPARE(recorder.fileSize(), 0);
     QVERIFY(recorder.record());
 }
 
@@ -155,8 +156,7 @@ void InputConditionTest::aPauseIsNotSilence()
 void InputConditionTest::theFileGrowsMeanwhile()
 {
     const VirtualMicrophone microphone(sine(300, 0.3), 1, ahead);
-    start();
-    QCOMPARE(m_bench->recorder->fileSize(), 0);
+    start(); // with an empty file
     QTRY_VERIFY_WITH_TIMEOUT(m_bench->recorder->fileSize() > 4000, patience);
     QVERIFY(m_bench->stopRecording());
 }

@@ -20,7 +20,7 @@ using namespace kest::test;
 namespace {
 
 constexpr double mostLostSeconds = 0.25;
-constexpr int plentyMilliseconds = 5000;
+constexpr int plentyMilliseconds = 60'000;
 
 } // namespace
 
@@ -137,7 +137,7 @@ void RecordingCrashTest::nextStartFinishesIt()
     QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
     verifyOrdinary(file());
     const qint64 samples = probedSamples(file());
-    QVERIFY(samples <= recorded + 44100 / 10);
+    QVERIFY(samples <= recorded + 44100); // what it printed last may be late, never early
     const double lost = double(recorded - samples) / 44100;
     QVERIFY2(lost <= mostLostSeconds, QByteArray::number(lost).constData());
     // Nothing is left to do, and nothing lies about.
@@ -234,7 +234,7 @@ void RecordingCrashTest::recordingKilledBeforeItBeganLeavesNothing()
     m_microphone->hush(true);
     tellSoundServer("stall");
     startRecorder();
-    QTRY_VERIFY(QFile::exists(file().path()));
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(file().path()), plentyMilliseconds);
     m_program.kill();
     m_program.waitForFinished();
     RecorderBench bench;

@@ -12,6 +12,7 @@
 #include <cmath>
 #include <cstdio>
 #include <sys/stat.h>
+#include <utility>
 
 using namespace kest;
 using namespace kest::test;
@@ -45,6 +46,7 @@ private Q_SLOTS:
 
 private:
     static bool recordIntoFile(RecorderBench &bench);
+    static bool waitUntilWritten(RecorderBench &bench, qint64 moreThan);
     void verifyTold(RecorderBench &bench, RecordingTrouble expected);
     void verifyPlayable(const RecorderBench &bench, double seconds);
     void verifyNextStartFinishes(const RecorderBench &bench);
@@ -72,12 +74,23 @@ QStringList RecordingDiskTest::listed() const
 bool RecordingDiskTest::recordIntoFile(RecorderBench &bench)
 {
     return bench.startRecording(0.5)
-        && QTest::qWaitFor([&] { return QFileInfo(bench.recorder->url().path()).size() > 0; }, 20'000);
+        && QTest::qWaitFor([&] { return QFileInfo(bench.recorder->url().path()).size() > 0; }, 60'000);
+}
+
+/// Until what was said before a pause is in the file: more bytes than that, and no more are on their way.
+bool RecordingDiskTest::waitUntilWritten(RecorderBench &bench, qint64 moreThan)
+{
+    qint64 last = 0;
+    return QTest::qWaitFor([&] {
+        const qint64 before = std::exchange(last, QFileInfo(bench.recorder->url().path()).size());
+        QTest::qWait(300);
+        return before == last && last > moreThan;
+    }, 60'000);
 }
 
 void RecordingDiskTest::verifyTold(RecorderBench &bench, RecordingTrouble expected)
 {
-    QTRY_COMPARE_WITH_TIMEOUT(bench.trouble->size(), 1, 10'000);
+    QTRY_COMPARE_WITH_TIMEOUT(bench.trouble->size(), 1, 60'000);
     const qint64 elapsed = m_since.elapsed();
     QVERIFY(bench.waitUntilFinished());
     QCOMPARE(bench.trouble->first().first().value<RecordingTrouble>(), expected);
@@ -97,10 +110,10 @@ void RecordingDiskTest::verifyNextStartFinishes(const RecorderBench &bench)
     const FileURL file = bench.recorder->url();
     const auto playable = qint64(decoded(file).size());
     RecorderBench later;
-    QCOMPARE(later.sound.recorderFactory->finishInterruptedRecordings({}, 5000), 1);
+    QCOMPARE(later.sound.recorderFactory->finishInterruptedRecordings({}, 60'000), 1);
     QVERIFY(!outermostBoxes(file).contains("moof"));
     QVERIFY(std::abs(probedSamples(file) - playable) <= 1024); // the last packet's share is not known any more
-    QCOMPARE(later.sound.recorderFactory->finishInterruptedRecordings({}, 5000), 0);
+    QCOMPARE(later.sound.recorderFactory->finishInterruptedRecordings({}, 60'000), 0);
 }
 
 void RecordingDiskTest::fullDiskEndsTheRecording()
@@ -145,7 +158,7 @@ void RecordingDiskTest::theTroubleIsToldBeforeTheEndHoweverLateTheCaptureThreadI
     QVERIFY(stallThread("kest-recording", 500));
     QTest::qWait(400);
     QVERIFY(stallThread("kest-capture", 700));
-    QTRY_COMPARE_WITH_TIMEOUT(told.size(), 2, 20'000);
+    QTRY_COMPARE_WITH_TIMEOUT(told.size(), 2, 60'000);
     QCOMPARE(told, QStringList({QStringLiteral("trouble"), QStringLiteral("finished")}));
 }
 
@@ -163,10 +176,9 @@ void RecordingDiskTest::diskThatFillsUpInTheMiddleOfFinishing()
     QVERIFY(disk.isMounted());
     RecorderBench bench(nullptr, folder());
     QVERIFY(bench.startRecording(2.5));
-    bench.recorder->pause(); // what was said is on its way into the file
-    QTest::qWait(300);
+    bench.recorder->pause();
+    QVERIFY(waitUntilWritten(bench, room + page));
     disk.fill(room);
-    QVERIFY(QFileInfo(bench.recorder->url().path()).size() > room + page);
     m_since.start();
     bench.recorder->stop();
     verifyTold(bench, RecordingTrouble::DiskFull);
