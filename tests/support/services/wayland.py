@@ -14,12 +14,14 @@ class WaylandOperator(Operator):
         self.compositor = compositor
 
     def click_at_once(self, control):
-        """A Wayland window does not know where it is; the compositor knows. One under Xwayland counts from the screen."""
-        box = control.queryComponent().getExtents(self.atspi.WINDOW_COORDS)
+        """A Wayland window does not know where it is; the compositor knows. One under Xwayland knows it."""
+        view = self._view_of(control)
+        if is_x11(view):
+            box, left, top = self.place(control), 0, 0
+        else:
+            box, (left, top) = control.queryComponent().getExtents(self.atspi.WINDOW_COORDS), inside_of(view)
         if box.width <= 0 or box.height <= 0:
             raise ServiceError(f"“{control.name}” has no place in its window")
-        view = self._view_of(control)
-        left, top = (0, 0) if is_x11(view) else inside_of(view)
         self.compositor.input.click(left + box.x + box.width / 2, top + box.y + box.height / 2)
 
     def _view_of(self, control):
