@@ -61,7 +61,9 @@ void PopUpButton::paintEvent(QPaintEvent *)
     const QRect text = rect().adjusted(mirrored ? arrow : sidePadding, 0, mirrored ? -sidePadding : -arrow, 0);
     painter.setPen(currentIndex() < 0 ? mixed(ground, ink, 0.62) : ink);
     const QString shown = currentIndex() < 0 ? placeholderText() : currentText();
-    painter.drawText(text, static_cast<int>(Qt::AlignVCenter | (mirrored ? Qt::AlignRight : Qt::AlignLeft)),
+    // Absolute: else the painter mirrors it again in a program that reads from the right.
+    const Qt::Alignment side = (mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
+    painter.drawText(text, static_cast<int>(Qt::AlignVCenter | side),
                      fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));
     const double left = mirrored ? sidePadding - 2.0 : width() - chevronSize - sidePadding + 2.0;
     paintIconNamed(painter, QRectF(left, (height() - chevronSize) / 2.0, chevronSize, chevronSize),

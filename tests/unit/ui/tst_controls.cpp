@@ -3,6 +3,7 @@
 #include "ui/controls/Icons.h"
 #include "ui/controls/MeterFrame.h"
 #include "ui/controls/PullDownButton.h"
+#include "ui/controls/PopUpButton.h"
 #include "ui/controls/ReadoutField.h"
 
 #include <QAccessible>
@@ -86,6 +87,36 @@ private Q_SLOTS:
             return button.grab().toImage();
         };
         QTEST(picture(Qt::RightToLeft) != picture(Qt::LeftToRight), "turns");
+    }
+
+    /// How far the ink of a short text is from the side where reading begins.
+    static int gapBeforeText(Qt::LayoutDirection direction)
+    {
+        PopUpButton button;
+        button.setLayoutDirection(direction);
+        button.resize(300, 30);
+        const QImage bare = button.grab().toImage();
+        button.addItem(QStringLiteral("I"));
+        const QImage shown = button.grab().toImage();
+        for (int gap = 0; gap < 300; ++gap) {
+            const int x = direction == Qt::LeftToRight ? gap : 299 - gap;
+            for (int y = 0; y < 30; ++y) {
+                if (shown.pixel(x, y) != bare.pixel(x, y))
+                    return gap;
+            }
+        }
+        return 300;
+    }
+
+    void theTextOfAPopUpStandsWhereReadingBegins()
+    {
+        for (const Qt::LayoutDirection program : {Qt::RightToLeft, Qt::LeftToRight}) {
+            QGuiApplication::setLayoutDirection(program);
+            const int left = gapBeforeText(Qt::LeftToRight);
+            const int right = gapBeforeText(Qt::RightToLeft);
+            QGuiApplication::setLayoutDirection(Qt::LayoutDirectionAuto);
+            QVERIFY2(left < 20 && right < 20, qPrintable(QStringLiteral("%1, %2").arg(left).arg(right)));
+        }
     }
 
     void theTooltipShowsTheKeys()
