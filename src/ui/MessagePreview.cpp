@@ -1,6 +1,7 @@
 #include "ui/MessagePreview.h"
 
 #include "mail/MessageDraft.h"
+#include "ui/TextScale.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/ReadoutField.h"
 
@@ -29,7 +30,8 @@ constexpr double sheetRadius = 6.0;
 QImage attachmentPlate(const QString &name, const QFont &font, const QPalette &palette, double scale)
 {
     const QFontMetrics metrics(font);
-    const QSize size(metrics.horizontalAdvance(name) + glyphSize + 2 * chipPadding + 4, metrics.height() + platePadding);
+    const int glyph = scaledToText(glyphSize);
+    const QSize size(metrics.horizontalAdvance(name) + glyph + 2 * chipPadding + 4, metrics.height() + platePadding);
     QImage image(size * scale, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(scale);
     image.fill(Qt::transparent);
@@ -39,11 +41,11 @@ QImage attachmentPlate(const QString &name, const QFont &font, const QPalette &p
     painter.setPen(Qt::NoPen);
     painter.setBrush(mixed(palette.color(QPalette::Base), palette.color(QPalette::Highlight), 0.18));
     painter.drawRoundedRect(QRectF(QPointF(), QSizeF(size)), 6.0, 6.0);
-    paintIconNamed(painter, QRectF(chipPadding - 1, (size.height() - glyphSize) / 2.0, glyphSize, glyphSize),
+    paintIconNamed(painter, QRectF(chipPadding - 1, (size.height() - glyph) / 2.0, glyph, glyph),
                    QStringLiteral("attach"), ink);
     painter.setPen(ink);
     painter.setFont(font);
-    painter.drawText(QRect(chipPadding + glyphSize + 3, 0, size.width(), size.height()), Qt::AlignVCenter, name);
+    painter.drawText(QRect(chipPadding + glyph + 3, 0, size.width(), size.height()), Qt::AlignVCenter, name);
     return image;
 }
 

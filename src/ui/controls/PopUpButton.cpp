@@ -1,5 +1,6 @@
 #include "ui/controls/PopUpButton.h"
 
+#include "ui/TextScale.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/PopUpAccessible.h"
 
@@ -38,7 +39,7 @@ QSize PopUpButton::sizeHint() const
     int widest = fontMetrics().horizontalAdvance(placeholderText());
     for (int item = 0; item < count(); ++item)
         widest = qMax(widest, fontMetrics().horizontalAdvance(itemText(item)));
-    return {widest + 3 * sidePadding + static_cast<int>(chevronSize), buttonHeight()};
+    return {widest + 3 * sidePadding + scaledToText(chevronSize), buttonHeight()};
 }
 
 QSize PopUpButton::minimumSizeHint() const
@@ -57,7 +58,8 @@ void PopUpButton::paintEvent(QPaintEvent *)
     painter.setBrush(mixed(ground, ink, 0.08));
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.75, 0.75, -0.75, -0.75), radius, radius);
     const bool mirrored = layoutDirection() == Qt::RightToLeft;
-    const int arrow = static_cast<int>(chevronSize) + sidePadding;
+    const int chevron = scaledToText(chevronSize);
+    const int arrow = chevron + sidePadding;
     const QRect text = rect().adjusted(mirrored ? arrow : sidePadding, 0, mirrored ? -sidePadding : -arrow, 0);
     painter.setPen(currentIndex() < 0 ? mixed(ground, ink, 0.62) : ink);
     const QString shown = currentIndex() < 0 ? placeholderText() : currentText();
@@ -65,8 +67,8 @@ void PopUpButton::paintEvent(QPaintEvent *)
     const Qt::Alignment side = (mirrored ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignAbsolute;
     painter.drawText(text, static_cast<int>(Qt::AlignVCenter | side),
                      fontMetrics().elidedText(shown, Qt::ElideRight, text.width()));
-    const double left = mirrored ? sidePadding - 2.0 : width() - chevronSize - sidePadding + 2.0;
-    paintIconNamed(painter, QRectF(left, (height() - chevronSize) / 2.0, chevronSize, chevronSize),
+    const double left = mirrored ? sidePadding - 2.0 : width() - chevron - sidePadding + 2.0;
+    paintIconNamed(painter, QRectF(left, (height() - chevron) / 2.0, chevron, chevron),
                    QStringLiteral("chevron"), ink);
 }
 
