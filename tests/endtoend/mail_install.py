@@ -62,6 +62,7 @@ class Command(unittest.TestCase):
         self.assertEqual((profile / "prefs.js").read_text(), 'user_pref("mine", 1);\n')
 
     def test_a_home_without_any_of_it_is_emptied_again(self):
+        self.sandbox.welcomed.unlink()
         self.profile()
         self.run_command("install", "--build", BUILD)
         self.run_command("remove")
