@@ -10,13 +10,11 @@
 #include "ui/NoticePlace.h"
 #include "ui/PreferencesWindowController.h"
 #include "ui/RecordingName.h"
-#include "ui/TextScale.h"
 #include "ui/Wording.h"
 #include "ui/controls/Icons.h"
 #include "ui_PrefsSheet.h"
 
 #include <QFontInfo>
-#include <QProxyStyle>
 
 namespace kest {
 
@@ -42,18 +40,6 @@ QPalette visibleBoxes(QPalette palette)
         palette.setColor(QPalette::Base, mixed(base, palette.color(QPalette::Text), 0.2));
     return palette;
 }
-
-/// Boxes that are as large as the text beside them.
-class BoxStyle : public QProxyStyle
-{
-public:
-    int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
-    {
-        const int usual = QProxyStyle::pixelMetric(metric, option, widget);
-        const bool isBox = metric == PM_IndicatorWidth || metric == PM_IndicatorHeight || metric == PM_CheckBoxLabelSpacing;
-        return isBox ? scaledToText(usual) : usual;
-    }
-};
 
 /// Round corners as the window's buttons have them; the border shows the focus.
 QString fieldStyle(const QPalette &palette)
@@ -82,10 +68,6 @@ void PreferencesWindowController::applyFonts()
     for (QWidget *quiet : std::initializer_list<QWidget *>{m_ui->pathField, m_ui->attachmentsPathField,
                                                            m_ui->accountHint, m_ui->sheetNoticeField})
         quiet->setFont(small);
-    auto *boxes = new BoxStyle;
-    boxes->setParent(m_sheet.get());
-    for (QCheckBox *box : m_sheet->findChildren<QCheckBox *>())
-        box->setStyle(boxes);
     for (QPlainTextEdit *text : {m_ui->messageText, m_ui->replyText})
         text->setMinimumHeight(text->fontMetrics().lineSpacing() * textLines + 2 * text->frameWidth() + 8);
     alignLabels();

@@ -149,7 +149,10 @@ private Q_SLOTS:
         begin(language);
         const QDialog *sheet = m_house->openPreferences();
         QVERIFY2(sheet->width() <= sheet->screen()->availableSize().width(), qPrintable(QString::number(sheet->width())));
-        QVERIFY(!sheet->findChild<QScrollArea *>()->horizontalScrollBar()->isVisible());
+        const auto *scroll = sheet->findChild<QScrollArea *>();
+        QVERIFY2(!scroll->horizontalScrollBar()->isVisible(),
+                 qPrintable(QStringLiteral("%1 wanted, %2 there").arg(scroll->widget()->minimumSizeHint().width())
+                                .arg(scroll->viewport()->width())));
         QCOMPARE((cutTexts(*sheet) + overlappingTexts(*sheet)).join(u'\n'), QString());
     }
 
