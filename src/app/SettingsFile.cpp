@@ -1,5 +1,7 @@
 #include "app/SettingsFile.h"
 
+#include "platform/StateFolder.h"
+
 #include "platform/FileDescriptor.h"
 
 #include <QDateTime>
@@ -34,14 +36,6 @@ QByteArray followed(const QByteArray &path)
 {
     const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
     return real ? QByteArray(real.get()) : path;
-}
-
-bool makeFolder(const QByteArray &folder)
-{
-    if (::mkdir(folder.constData(), 0700) == 0 || errno == EEXIST)
-        return true;
-    return errno == ENOENT && folder.size() > 1 && makeFolder(folderOf(folder))
-        && (::mkdir(folder.constData(), 0700) == 0 || errno == EEXIST);
 }
 
 // The lock goes with the descriptor. A file system without locks does without.
@@ -138,7 +132,7 @@ std::optional<SettingsMap> SettingsFile::update(const std::function<void(Setting
         handBack(error, posixError(number, QString::fromUtf8(m_path)));
         return std::nullopt;
     };
-    if (!makeFolder(folder))
+    if (!makePrivateFolder(folder))
         return fail(errno);
     const FileDescriptor lock(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!lock.isOpen() || !lockFolder(lock.get()))

@@ -1,6 +1,7 @@
 #include "app/WelcomeMarker.h"
 
-#include <QDir>
+#include "platform/StateFolder.h"
+
 #include <QFile>
 #include <QLoggingCategory>
 
@@ -10,48 +11,28 @@ namespace {
 
 Q_LOGGING_CATEGORY(lcWelcome, "kest.welcome")
 
-const QString markerName = QStringLiteral("welcomed");
-const QString unfinishedRecordings = QStringLiteral("unfinished-recordings"); // made by the first recording
-
-// QStandardPaths knows no place for state before Qt 6.7.
-QString stateFolder()
+QString markerPath()
 {
-    QString state = QFile::decodeName(qgetenv("XDG_STATE_HOME"));
-    if (!QDir::isAbsolutePath(state))
-        state = QDir::homePath() + QStringLiteral("/.local/state");
-    return state + QStringLiteral("/kest");
+    return QFile::decodeName(stateFolder() + "/welcomed");
 }
 
-bool tellsOfEarlierStart(const QString &folder, const QString &settingsFile)
+bool tellsOfEarlierStart(const QString &settingsFile)
 {
-    const QDir state(folder);
-    return state.exists(markerName) || QFile::exists(settingsFile) || state.exists(unfinishedRecordings);
-}
-
-/// Nobody else's business, as the specification says of it.
-bool makePrivate(const QString &folder)
-{
-    const QFileInfo info(folder);
-    if (info.isDir())
-        return true;
-    return makePrivate(info.path())
-        && QDir(info.path()).mkdir(info.fileName(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return QFile::exists(markerPath()) || QFile::exists(settingsFile)
+        || QFile::exists(QFile::decodeName(unfinishedRecordingsFolder()));
 }
 
 } // namespace
 
-WelcomeMarker::WelcomeMarker(const QString &settingsFile)
-    : m_folder(stateFolder())
-    , m_isFirstStart(!tellsOfEarlierStart(m_folder, settingsFile))
-{
-}
+WelcomeMarker::WelcomeMarker(const QString &settingsFile) : m_isFirstStart(!tellsOfEarlierStart(settingsFile)) { }
 
 void WelcomeMarker::write() const
 {
-    QFile marker(m_folder + u'/' + markerName);
-    if (!makePrivate(m_folder) || !marker.open(QFile::WriteOnly))
+    makePrivateFolder(stateFolder());
+    QFile marker(markerPath());
+    if (!marker.open(QFile::WriteOnly))
         qCWarning(lcWelcome, "It cannot be remembered that the welcome was shown: %ls",
-                  qUtf16Printable(marker.error() == QFile::NoError ? m_folder : marker.errorString()));
+                  qUtf16Printable(marker.errorString()));
 }
 
 } // namespace kest

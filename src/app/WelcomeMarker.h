@@ -24,7 +24,6 @@ public:
     void write() const;
 
 private:
-    const QString m_folder;
     const bool m_isFirstStart;
 };
 

@@ -1,5 +1,7 @@
 #include "platform/linux/sound/RecordingJournal.h"
 
+#include "platform/StateFolder.h"
+
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
@@ -33,16 +35,6 @@ QByteArray toJson(const FileURL &file, quint64 inode, qint64 birthTime)
 bool writeAll(int file, const QByteArray &bytes)
 {
     return write(file, bytes.constData(), size_t(bytes.size())) == bytes.size();
-}
-
-/// The folder and its missing parents, open to nobody else: the entries say where the person's recordings lie.
-void makePrivateFolder(const QByteArray &path)
-{
-    const qsizetype slash = path.lastIndexOf('/');
-    if (mkdir(path.constData(), 0700) < 0 && errno == ENOENT && slash > 0) {
-        makePrivateFolder(path.left(slash));
-        mkdir(path.constData(), 0700);
-    }
 }
 
 /// Whether nobody but this person can have written it. What an entry names is rewritten, and removed when empty.
@@ -108,10 +100,7 @@ void RecordingJournal::Entry::done()
 
 QByteArray RecordingJournal::defaultFolder()
 {
-    QByteArray state = qgetenv("XDG_STATE_HOME");
-    if (!state.startsWith('/'))
-        state = QFile::encodeName(QDir::homePath()) + "/.local/state";
-    return state + "/kest/unfinished-recordings";
+    return unfinishedRecordingsFolder();
 }
 
 qint64 RecordingJournal::Entry::writtenAt() const
