@@ -10,18 +10,14 @@
 #include "ui/NoticePlace.h"
 #include "ui/PreferencesWindowController.h"
 #include "ui/RecordingName.h"
+#include "ui/TextScale.h"
 #include "ui/Wording.h"
 #include "ui/controls/Icons.h"
 #include "ui_PrefsSheet.h"
 
-#include <QFontInfo>
-
 namespace kest {
 
 namespace {
-
-// As in the main window; the desktop's own size where that is larger, because here everything can grow.
-constexpr int leastTextPixels = 13;
 
 constexpr int textLines = 5;
 
@@ -55,8 +51,7 @@ QString fieldStyle(const QPalette &palette)
 
 void PreferencesWindowController::applyFonts()
 {
-    QFont base = m_sheet->font();
-    base.setPixelSize(qMax(leastTextPixels, QFontInfo(base).pixelSize()));
+    const QFont base = sheetFont(m_sheet->font());
     m_sheet->setFont(base);
     QFont heading = base;
     heading.setWeight(QFont::DemiBold);

@@ -22,6 +22,12 @@ double textScale(const QFont &desktopFont)
     return std::min(qRound(3.0 * pixels / usualTextPixels), mostThirds) / 3.0;
 }
 
+QFont sheetFont(QFont desktopFont)
+{
+    desktopFont.setPixelSize(std::max(usualTextPixels, QFontInfo(desktopFont).pixelSize()));
+    return desktopFont;
+}
+
 int scaledToText(double points)
 {
     return qRound(points * textScale(QApplication::font()));

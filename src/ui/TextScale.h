@@ -12,6 +12,9 @@ inline constexpr int usualTextPixels = 13;
 /// large text, and gets it. In thirds, so that both heights stay whole pixels; at most 3.
 double textScale(const QFont &desktopFont);
 
+/// The running text of what lies over the window and can grow: the desktop's font, but no smaller than the window's.
+QFont sheetFont(QFont desktopFont);
+
 /// A measure of the window's design, in points, at the text scale of this process.
 int scaledToText(double points);
 

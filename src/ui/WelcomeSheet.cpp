@@ -2,13 +2,13 @@
 
 #include "ui/Announcement.h"
 #include "ui/Appearance.h"
+#include "ui/TextScale.h"
 #include "ui/controls/Icons.h"
 #include "ui/controls/SeenClick.h"
 #include "ui_WelcomeSheet.h"
 
 #include <QApplication>
 #include <QEvent>
-#include <QFontInfo>
 #include <QShortcut>
 #include <QWindow>
 
@@ -22,9 +22,6 @@ constexpr auto sheetFlags = Qt::Sheet | Qt::CustomizeWindowHint | Qt::WindowTitl
 constexpr int sheetWidth = 480;  // points; a little more than the main window has
 constexpr int pictureSize = 48;  // points
 constexpr int headingGrowth = 7; // pixels
-
-// As in the main window; the desktop's own size where that is larger, because here everything can grow.
-constexpr int leastTextPixels = 13;
 
 } // namespace
 
@@ -106,8 +103,7 @@ void WelcomeSheet::fit()
 
 void WelcomeSheet::applyFonts()
 {
-    QFont base = font();
-    base.setPixelSize(qMax(leastTextPixels, QFontInfo(base).pixelSize()));
+    const QFont base = sheetFont(font());
     setFont(base);
     QFont large = base;
     large.setPixelSize(base.pixelSize() + headingGrowth);
