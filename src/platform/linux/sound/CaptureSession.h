@@ -19,9 +19,10 @@ namespace kest {
 /// The capture of one recording, from opening the microphone to the last sample.
 ///
 /// Commands may come from any thread and never wait. Samples that belong to the
-/// recording lie in the ring for one reader, unless nothing is to be kept; the session has ended when
-/// `hasEnded` says so and the ring is empty. Ends by itself when the microphone
-/// or the server fails; what was captured stays in the ring.
+/// recording lie in the ring for one reader, unless nothing is to be kept; the
+/// session has ended when `hasEnded` says so and the ring is empty. Ends by
+/// itself when the microphone or the server fails; what was captured stays in
+/// the ring.
 class CaptureSession final : public std::enable_shared_from_this<CaptureSession>,
                              public PulseContextListener,
                              public CaptureStreamListener

@@ -10,9 +10,9 @@ namespace kest {
 ///
 /// No standard says what clipping is once the samples are taken; what is common
 /// is to count samples in a row at full scale. Four in a row on the same side
-/// count here: a loud speaker's top has rarely two. Full scale begins 0.1 dB
-/// lower: sound servers change the rate of most microphones, and after that a
-/// cut-off top is wavy. Both numbers are our choice.
+/// count here. Full scale begins 0.1 dB lower: sound servers change the rate of
+/// most microphones, and after that a cut-off top is wavy. Both numbers are our
+/// choice.
 ///
 /// One for each stream, fed before its channels are mixed: in the mean of two
 /// channels, what one of them cut off cannot be seen. Any one thread.
