@@ -29,6 +29,18 @@ function(kest_library name)
   kest_target_options(${name})
 endfunction()
 
+# kest_plugin(NAME SOURCES... LINK ...): a part of the program in a file of its own, NAME.so, with libraries that are loaded
+# with it only when it is wanted (PluginLibrary). What needs it at run time is built together with it.
+set(KEST_PLUGIN_DIR ${CMAKE_INSTALL_LIBDIR}/kest)
+function(kest_plugin name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+  add_library(${name} MODULE ${ARG_SOURCES})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK})
+  kest_target_options(${name})
+  set_target_properties(${name} PROPERTIES PREFIX "" CXX_VISIBILITY_PRESET hidden)
+  install(TARGETS ${name} LIBRARY DESTINATION ${KEST_PLUGIN_DIR})
+endfunction()
+
 # kest_test(NAME LABEL SOURCES... LINK ... [SERVICES ...] [TIMEOUT seconds]):
 # one QtTest executable, run by CTest. SERVICES are options of
 # tests/support/with_services.py, which starts private services and ends them.

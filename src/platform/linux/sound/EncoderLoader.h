@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/PluginLibrary.h"
 #include "platform/linux/sound/EncoderPlugin.h"
-#include "platform/linux/sound/PluginLibrary.h"
 
 #include <mutex>
 

@@ -1,4 +1,4 @@
-#include "platform/linux/sound/PluginLibrary.h"
+#include "platform/PluginLibrary.h"
 
 #include <QCoreApplication>
 #include <QFile>
