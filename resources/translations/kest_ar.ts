@@ -676,6 +676,10 @@ If you like, see first that all is ready.</source>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>لا يُسمح بهذا إلا لـ Kest، والطالب ليس Kest الذي يعمل الآن.</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>تعذّر تحميل جزء Kest الذي يُعِدّ البريد. يُرجى تثبيت Kest من جديد.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

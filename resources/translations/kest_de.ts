@@ -676,6 +676,10 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>Das darf nur Kest, und der Aufrufer ist nicht das laufende Kest.</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>Der Teil von Kest, der E-Mails vorbereitet, konnte nicht geladen werden. Bitte installieren Sie Kest neu.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -676,6 +676,10 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>Solo Kest puede hacer esto, y quien llama no es el Kest en ejecución.</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>No se pudo cargar la parte de Kest que prepara el correo. Instale Kest de nuevo.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -676,6 +676,10 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>Seul Kest peut faire cela, et l’appelant n’est pas le Kest en cours d’exécution.</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>La partie de Kest qui prépare le courrier n’a pas pu être chargée. Veuillez réinstaller Kest.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -676,6 +676,10 @@ If you like, see first that all is ready.</source>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>これは Kest だけに許された操作で、呼び出し元は実行中の Kest ではありません。</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>メールを準備する Kest の部品を読み込めませんでした。Kest をもう一度インストールしてください。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

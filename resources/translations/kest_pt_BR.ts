@@ -676,6 +676,10 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>Somente o Kest pode fazer isso, e quem chama não é o Kest em execução.</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>Não foi possível carregar a parte do Kest que prepara o e-mail. Instale o Kest novamente.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

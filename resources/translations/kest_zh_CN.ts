@@ -676,6 +676,10 @@ If you like, see first that all is ready.</source>
         <source>Only Kest may do this, and the caller is not the Kest that runs.</source>
         <translation>只有 Kest 可以这样做，而调用者并非正在运行的 Kest。</translation>
     </message>
+    <message>
+        <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
+        <translation>无法加载 Kest 中准备邮件的部分。请重新安装 Kest。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -4,25 +4,17 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QJSEngine>
 #include <QLoggingCategory>
 #include <QStandardPaths>
 #include <QTemporaryDir>
-#include <QTimer>
-
-#include <chrono>
 
 namespace kest {
 
 using namespace Qt::StringLiterals;
-using namespace std::chrono_literals;
 
 Q_LOGGING_CATEGORY(mailScript, "kest.mail.script")
 
 namespace {
-
-// After the first paint of the window.
-constexpr auto idleDelay = 400ms;
 
 MailScript &scriptOfAll()
 {
@@ -35,9 +27,15 @@ QString dataHome()
     return QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
 }
 
-QJSValue numberObject(QJSEngine &engine, quint64 number)
+/// Numbers are doubles in a script.
+QVariant numberObject(quint64 number)
 {
-    return engine.toScriptValue(static_cast<double>(number));
+    return static_cast<double>(number);
+}
+
+QVariant arrayOrNull(const std::optional<QVariantList> &list)
+{
+    return list ? QVariant(*list) : QVariant::fromValue(nullptr);
 }
 
 } // namespace
@@ -53,38 +51,42 @@ ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, QObject
     m_script = scriptOfAll();
 }
 
-ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent)
+ASMail::ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent,
+               const QByteArray &pluginFile)
     : QObject(parent)
     , m_alertPresenter(alertPresenter)
     , m_mailApp(transport)
     , m_script{script, {}}
+    , m_loader(pluginFile)
 {
-    QTimer::singleShot(idleDelay, this, &ASMail::prepare);
 }
 
 ASMail::~ASMail() = default;
 
-void ASMail::prepare()
+bool ASMail::prepare()
 {
     if (m_engine)
-        return;
+        return true;
+    QString problem;
+    ScriptPlugin *plugin = m_loader.load(&problem);
+    if (!plugin) {
+        tell(QCoreApplication::translate("kest", "The part of Kest that prepares mail could not be loaded. Please install "
+                                                 "Kest again."),
+             {{problem, 0}});
+        return false;
+    }
     if (m_script.path.isEmpty())
         m_script = findMailScript(dataHome());
-    m_engine = std::make_unique<QJSEngine>();
-    auto *host = new ASMailHost(m_alertPresenter, m_engine.get());
-    QJSEngine::setObjectOwnership(&m_mailApp, QJSEngine::CppOwnership);
-    QJSEngine::setObjectOwnership(host, QJSEngine::CppOwnership);
-    const QJSValue hostObject = m_engine->newQObject(host);
-    QJSValue exports = m_engine->newObject();
-    exports.setProperty(u"mailApp"_s, m_engine->newQObject(&m_mailApp));
-    exports.setProperty(u"displayAlert"_s, hostObject.property(u"displayAlert"_s));
-    exports.setProperty(u"log"_s, hostObject.property(u"log"_s));
-    m_engine->registerModule(u"kest"_s, exports);
-    m_module = importScript();
+    auto *host = new ASMailHost(m_alertPresenter, this);
+    m_engine = plugin->createEngine({{u"mailApp"_s, &m_mailApp, {}},
+                                     {u"displayAlert"_s, host, u"displayAlert"_s},
+                                     {u"log"_s, host, u"log"_s}});
+    m_hindrance = importScript();
+    return true;
 }
 
 // The engine reads modules from files only, so a text that was judged goes into one that is nobody else's.
-QJSValue ASMail::importScript()
+std::optional<ScriptException> ASMail::importScript()
 {
     if (m_script.text.isEmpty())
         return m_engine->importModule(m_script.path);
@@ -99,66 +101,53 @@ void ASMail::mailNewMessageWithSubject(const QString &subject, const QString &wi
                                        const std::optional<QVariantList> &withAttachments, quint64 insertionIndex,
                                        const QString &accountName)
 {
-    prepare();
     run(u"mailNewMessageWithSubject"_s,
-        {subject, withBody, arrayOrNull(withAttachments), numberObject(*m_engine, insertionIndex), accountName});
+        {subject, withBody, arrayOrNull(withAttachments), numberObject(insertionIndex), accountName});
 }
 
 void ASMail::mailReplyAppendingBodyText(const QString &bodyText, const std::optional<QVariantList> &withAttachments,
                                         const Flags &flags, quint64 insertionIndex, const QString &accountName)
 {
-    prepare();
     run(u"mailReplyAppendingBodyText"_s,
         {bodyText, arrayOrNull(withAttachments), flags.withReplyAll, flags.sendingReply, flags.deletingOriginal,
-         numberObject(*m_engine, insertionIndex), accountName});
+         numberObject(insertionIndex), accountName});
 }
 
 QString ASMail::mailReplyGetSender()
 {
-    const QJSValue sender = run(u"mailReplyGetSender"_s, {});
-    if (!sender.isString())
-        return {};
-    // The engine makes a null text of an empty one; null is kept for "none".
-    const QString text = sender.toString();
-    return text.isNull() ? u""_s : text;
+    const QVariant sender = run(u"mailReplyGetSender"_s, {});
+    return sender.typeId() == QMetaType::QString ? sender.toString() : QString();
 }
 
 std::optional<QStringList> ASMail::retrieveEmailAccounts()
 {
-    const QJSValue names = run(u"retrieveEmailAccounts"_s, {});
-    if (!names.isArray())
-        return std::nullopt;
-    return names.toVariant().toStringList();
+    const QVariant names = run(u"retrieveEmailAccounts"_s, {});
+    return names.typeId() == QMetaType::QVariantList ? std::optional(names.toStringList()) : std::nullopt;
 }
 
-QJSValue ASMail::run(const QString &operation, const QJSValueList &arguments)
+QVariant ASMail::run(const QString &operation, const QVariantList &arguments)
 {
-    prepare();
-    if (m_module.isError()) {
-        tell(QCoreApplication::translate("kest", "The mail script could not be loaded."), m_module);
+    if (!prepare())
+        return {};
+    if (m_hindrance) {
+        tell(QCoreApplication::translate("kest", "The mail script could not be loaded."), m_hindrance);
         return {};
     }
-    const QJSValue function = m_module.property(operation);
-    if (!function.isCallable()) {
+    if (!m_engine->hasFunction(operation)) {
         tell(QCoreApplication::translate("kest", "The mail script lacks the operation %1.").arg(operation), {});
         return {};
     }
-    const QJSValue result = function.call(arguments);
-    if (!result.isError())
-        return result;
-    tell(QCoreApplication::translate("kest", "The mail script failed."), result);
-    return {};
+    std::optional<ScriptException> exception;
+    const QVariant result = m_engine->call(operation, arguments, &exception);
+    if (exception)
+        tell(QCoreApplication::translate("kest", "The mail script failed."), exception);
+    return result;
 }
 
-QJSValue ASMail::arrayOrNull(const std::optional<QVariantList> &list)
+void ASMail::tell(const QString &words, const std::optional<ScriptException> &exception)
 {
-    return list ? m_engine->toScriptValue(*list) : QJSValue(QJSValue::NullValue);
-}
-
-void ASMail::tell(const QString &words, const QJSValue &exception)
-{
-    const QString reason = exception.isError() ? exception.toString() : QString();
-    qCWarning(mailScript).noquote() << words << reason << "line" << exception.property(u"lineNumber"_s).toInt();
+    const auto [reason, line] = exception.value_or(ScriptException());
+    qCWarning(mailScript).noquote() << words << reason << "line" << line;
     m_alertPresenter.runModal({words, reason, {QCoreApplication::translate("kest", "OK")}, AlertContent::Style::Warning});
 }
 

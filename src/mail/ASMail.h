@@ -3,17 +3,15 @@
 #include "mail/MailApplication.h"
 #include "mail/MailScript.h"
 #include "mail/ReplyFlags.h"
+#include "mail/ScriptLoader.h"
 #include "platform/AlertPresenter.h"
 
-#include <QJSValue>
 #include <QObject>
 #include <QStringList>
 #include <QVariantList>
 
 #include <memory>
 #include <optional>
-
-class QJSEngine;
 
 namespace kest {
 
@@ -25,7 +23,8 @@ namespace kest {
 /// copy at XDG_DATA_HOME/kest/ASMail.mjs wins when nobody else can write to it;
 /// it is one file and imports nothing but "kest".
 /// The script shows its own alerts; what it throws is logged and shown in
-/// words, and the operation then yields its empty result.
+/// words, and the operation then yields its empty result. So it is when the
+/// script engine, which is in a plugin, cannot be loaded.
 ///
 /// Main thread. The transport and the presenter outlive it.
 class ASMail : public QObject
@@ -37,12 +36,13 @@ public:
     /// program entry; cheap, because no script runs yet.
     static void loadScriptObjects();
 
-    /// The script runs at the first operation, or when the event loop has been
-    /// idle a while.
+    /// The engine is loaded, and the script runs, at the first operation.
     ASMail(MailTransport &transport, AlertPresenter &alertPresenter, QObject *parent = nullptr);
 
-    /// As above, with the script in the file `script`.
-    ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent = nullptr);
+    /// As above, with the script in the file `script`. `pluginFile` as
+    /// ScriptLoader takes it.
+    ASMail(MailTransport &transport, AlertPresenter &alertPresenter, const QString &script, QObject *parent = nullptr,
+           const QByteArray &pluginFile = "kest-script.so");
     ~ASMail() override;
 
     /// Attachments are path texts (as FileURL::path() gives them) or FileURLs;
@@ -67,20 +67,21 @@ public:
     /// script gives none when there is no account.
     std::optional<QStringList> retrieveEmailAccounts();
 
-    /// Makes the script ready now rather than at the first operation.
-    void prepare();
+    /// Loads the engine in the background, so that the first operation need not.
+    void preload() { m_loader.preload(); }
 
 private:
-    QJSValue importScript();
-    QJSValue run(const QString &operation, const QJSValueList &arguments);
-    QJSValue arrayOrNull(const std::optional<QVariantList> &list);
-    void tell(const QString &words, const QJSValue &exception);
+    bool prepare();
+    std::optional<ScriptException> importScript();
+    QVariant run(const QString &operation, const QVariantList &arguments);
+    void tell(const QString &words, const std::optional<ScriptException> &exception);
 
     AlertPresenter &m_alertPresenter;
     MailApplication m_mailApp;
     MailScript m_script;
-    std::unique_ptr<QJSEngine> m_engine;
-    QJSValue m_module;
+    ScriptLoader m_loader;
+    std::unique_ptr<ScriptEngine> m_engine;
+    std::optional<ScriptException> m_hindrance; // what the script threw when it was read
 };
 
 } // namespace kest

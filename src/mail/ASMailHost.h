@@ -6,7 +6,7 @@
 
 namespace kest {
 
-/// What the mail script may use besides the mail application. Owned by the
+/// What the mail script may use besides the mail application. Outlives the
 /// script's engine; main thread.
 class ASMailHost : public QObject
 {

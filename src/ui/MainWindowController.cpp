@@ -141,6 +141,7 @@ void MainWindowController::loadWindow()
         connect(new QShortcut(keys, m_window.get()), &QShortcut::activated, m_window.get(), &QWidget::close);
     connectListening();
     connectNotices();
+    connectMailScript();
 }
 
 void MainWindowController::awakeFromNib()

@@ -269,6 +269,7 @@ private:
 
     void connectListening();
     void connectNotices();
+    void connectMailScript();
     void connectWarnings();
     void showNotice();
     void updateStatusNotice();

@@ -12,10 +12,14 @@
 
 #include <QCoreApplication>
 #include <QEventLoop>
+#include <QTimer>
 
 namespace kest {
 
 namespace {
+
+// Nothing stands between the press of Record and the first word; a message takes longer than this to say.
+constexpr std::chrono::milliseconds scriptDelay{500};
 
 /// Holds access to a folder, whatever way its scope is left.
 class FolderAccess
@@ -37,6 +41,19 @@ private:
 };
 
 } // namespace
+
+// A program that only waits does without the engine's memory, and so does one that never runs the script.
+void MainWindowController::connectMailScript()
+{
+    const auto load = [this] {
+        if (m_mailASObject && m_dependencies.userDefaults.boolForKey(SettingsKeys::useASClass))
+            m_mailASObject->preload();
+    };
+    connect(this, &MainWindowController::canReplyOrComposeChanged, this, [this, load](bool can) {
+        if (can)
+            QTimer::singleShot(scriptDelay, this, load);
+    });
+}
 
 MainWindowController::BusyScope::BusyScope(MainWindowController &controller)
     : m_controller(controller)

@@ -17,6 +17,8 @@ void PreferencesWindowController::askForAccounts(MailTransport::Starting startin
     if (m_accountsListed || m_askingForAccounts)
         return;
     m_askingForAccounts = true;
+    if (m_mailASObject)
+        m_mailASObject->preload(); // while the mail application answers
     showAccountHint(starting == MailTransport::Starting::Never ? tr("Asking your mail application…")
                                                                : tr("Waiting for your mail application…"),
                     false);

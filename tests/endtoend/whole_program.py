@@ -4,6 +4,7 @@ itself."""
 
 import contextlib
 import os
+import shutil
 import subprocess
 import sys
 import unittest
@@ -168,6 +169,25 @@ class WholeProgram(unittest.TestCase):
         mail = ArrivedMail(sorted(self.mail_server.outbox.glob("*.eml"))[-1])
         self.assertIn("club@example.test", str(mail.message["From"]))
         self.assertEqual([name for name, _, _ in mail.attachments], [self.kest.recordings()[-1].name])
+
+    def test_a_missing_script_engine_is_said_and_the_recording_kept(self):
+        program = Path(self.sandbox.root) / "without-engine"
+        for name in ("bin/kest", "lib/kest-encoder.so", "lib/kest-decoder.so"):
+            (program / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(BUILD / name, program / name)
+        self.kest = KestProgram(self.sandbox, self.person, program)
+        self.kest.start()
+        self.record(2)
+        self.kest.click("New Message")
+        words = "The part of Kest that prepares mail could not be loaded. Please install Kest again."
+        self.person.find(self.kest.root, words)
+        self.person.key("Return")
+        self.kest.wait_until_idle()
+        self.assertGreater(seconds_of(self.finished_recording()), 1.9)
+        self.record()  # and it goes on working
+        self.kest.click("Stop")
+        wait_until(lambda: len(self.kest.recordings()) == 2, "another recording")
+        self.kest.quit()
 
     def test_what_is_pressed_while_a_command_runs_does_nothing_afterwards(self):
         self.kest.start()

@@ -34,7 +34,7 @@ class PackageTest:
     def run(self):
         step = Progress(10)
         step("lintian has nothing to say", self.check_lintian)
-        step("Programs and plug-in are hardened", self.check_hardening)
+        step("Programs and plug-ins are hardened", self.check_hardening)
         step("A fresh Debian", self.make_root)
         step("The package installs with its dependencies alone, and they are complete", self.install_alone)
         step("The smoke test, with what it declares", self.smoke)
@@ -78,7 +78,7 @@ class PackageTest:
         programs = [path for path in installed if self._is_elf(path)]
         libraries = self.root.run(["ldd", *programs])
         missing = [line for line in libraries.splitlines() if "not found" in line]
-        if len(programs) != 4 or missing:
+        if len(programs) != 5 or missing:
             raise RuntimeError(f"{programs} miss {missing}")
 
     def _is_elf(self, path):

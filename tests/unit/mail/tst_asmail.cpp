@@ -299,6 +299,13 @@ private Q_SLOTS:
         QVERIFY(!mail->retrieveEmailAccounts());
     }
 
+    void anEmptySenderIsATextAndNoNull()
+    {
+        auto mail = withScript("export function mailReplyGetSender() { return '' }\n");
+        QVERIFY(!mail->mailReplyGetSender().isNull());
+        QVERIFY(mail->mailReplyGetSender().isEmpty());
+    }
+
 private:
     static void ways()
     {
