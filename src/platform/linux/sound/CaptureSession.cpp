@@ -21,8 +21,11 @@ constexpr int stopMilliseconds = 300;
 /// without its beginning.
 constexpr qint64 openingMargin = 60 * millisecond;
 
-/// Half a wait of the encoder's 1024 samples is not worth a wake-up.
-constexpr qsizetype samplesWorthWaking = 2048;
+/// Three packets of the encoder: fewer are not worth a wake-up.
+constexpr qsizetype samplesWorthWaking = 3072;
+
+/// How long samples may lie with the server while nobody waits for the first or the last of them.
+constexpr int readingMilliseconds = 40;
 
 } // namespace
 
@@ -66,6 +69,7 @@ void CaptureSession::stop()
     m_gate.schedule(CaptureGate::Action::End, now);
     post([self = shared_from_this(), now] {
         if (self->m_state == State::Streaming) {
+            self->m_context->thread().setReadingInterval(0);
             self->m_stopBy = now + stopMilliseconds * millisecond;
             self->m_watch->setSingleShot(stopMilliseconds);
         } else {
@@ -172,12 +176,20 @@ void CaptureSession::keep(const float *samples, qsizetype count)
         return;
     const qsizetype taken = m_ring.write(samples, count);
     const qint64 before = m_captured.fetch_add(taken, std::memory_order_acq_rel);
-    if (before == 0 && taken > 0 && m_events.captureStarted)
-        m_events.captureStarted();
+    if (before == 0 && taken > 0)
+        firstSampleCaptured();
     if (m_ring.available() >= samplesWorthWaking)
         m_samplesReady.wake();
     if (taken < count)
         fail(RecordingTrouble::CannotWrite);
+}
+
+void CaptureSession::firstSampleCaptured()
+{
+    if (!m_stopBy)
+        m_context->thread().setReadingInterval(readingMilliseconds);
+    if (m_events.captureStarted)
+        m_events.captureStarted();
 }
 
 void CaptureSession::watch()
@@ -225,6 +237,7 @@ void CaptureSession::end()
     m_inputWatch.reset();
     tellInputCondition();
     m_context->removeListener(this);
+    m_context->thread().setReadingInterval(0);
     // Later: this may be called from a callback of the one or the other.
     m_context->thread().post([self = shared_from_this()] {
         self->m_stream.reset();

@@ -81,6 +81,7 @@ private:
     void open();
     void tryToOpenStream();
     void keep(const float *samples, qsizetype count);
+    void firstSampleCaptured();
     void tellInputCondition();
     void watch();
     std::optional<RecordingTrouble> troubleOfWaiting(qint64 waited) const;

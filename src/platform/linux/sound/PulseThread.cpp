@@ -2,8 +2,10 @@
 
 #include <pulse/timeval.h>
 
+#include <poll.h>
 #include <pthread.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace kest {
@@ -15,6 +17,12 @@ PulseThread::PulseThread() : m_loop(pa_mainloop_new()), m_api(pa_mainloop_get_ap
         m_api, m_wakeUp.descriptor(), PA_IO_EVENT_INPUT,
         [](pa_mainloop_api *, pa_io_event *, int, pa_io_event_flags_t, void *self) {
             static_cast<PulseThread *>(self)->runTasks();
+        },
+        this);
+    pa_mainloop_set_poll_func(
+        m_loop,
+        [](pollfd *descriptors, unsigned long count, int timeout, void *self) {
+            return static_cast<PulseThread *>(self)->poll(descriptors, count, timeout);
         },
         this);
     m_thread = std::thread([this] { run(); });
@@ -37,11 +45,28 @@ void PulseThread::post(Task task)
     m_wakeUp.wake();
 }
 
+void PulseThread::setReadingInterval(int milliseconds)
+{
+    m_readingInterval = milliseconds;
+}
+
 void PulseThread::run()
 {
     pthread_setname_np(pthread_self(), "kest-capture");
     while (!m_quit && pa_mainloop_iterate(m_loop, 1, nullptr) >= 0) { }
     while (runTasks()) { }
+}
+
+int PulseThread::poll(pollfd *descriptors, unsigned long count, int timeout) const
+{
+    if (m_readingInterval == 0)
+        return ::poll(descriptors, nfds_t(count), timeout);
+    // A turn of the loop reads a piece of a message: all that is there must be read, or what comes in grows without end.
+    if (const int ready = ::poll(descriptors, nfds_t(count), 0); ready != 0)
+        return ready;
+    pollfd posted = {m_wakeUp.descriptor(), POLLIN, 0};
+    ::poll(&posted, 1, timeout < 0 ? m_readingInterval : std::min(m_readingInterval, timeout));
+    return ::poll(descriptors, nfds_t(count), 0);
 }
 
 bool PulseThread::runTasks()

@@ -4,6 +4,7 @@
 
 #include <pulse/mainloop.h>
 
+
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -31,11 +32,17 @@ public:
     /// Any thread. Tasks run in the order of posting.
     void post(Task task);
 
+    /// What the server sends is looked at only so often from now on, in
+    /// milliseconds; 0: at once. Posted tasks never wait for it. On the thread
+    /// itself.
+    void setReadingInterval(int milliseconds);
+
     /// For use on the thread itself.
     pa_mainloop_api *api() const { return m_api; }
 
 private:
     void run();
+    int poll(pollfd *descriptors, unsigned long count, int timeout) const;
     bool runTasks(); // false when there were none
 
     pa_mainloop *m_loop = nullptr;
@@ -44,7 +51,9 @@ private:
     WakeUp m_wakeUp;
     std::mutex m_mutex; // held for the length of a queue operation
     std::vector<Task> m_tasks;
-    bool m_quit = false; // the thread's own
+    // The thread's own:
+    bool m_quit = false;
+    int m_readingInterval = 0; // milliseconds
     std::thread m_thread;
 };
 

@@ -8,9 +8,10 @@ namespace kest {
 
 namespace {
 
-/// Packets of 23.2 ms: 93 ms of sound. What a killed program loses is at most
-/// this, and what the encoder and the buffers before it hold.
-constexpr int packetsPerFragment = 4;
+/// Packets of 23.2 ms. What is written at a time becomes a fragment of its own when it is at least this much, so that
+/// nothing whole lies about in memory until the next time; what is less waits for more, because fragments have tables.
+constexpr int packetsWorthAFragment = 3;
+constexpr int mostPacketsInFragment = 16;
 constexpr int ioBufferSize = 16 * 1024;
 
 } // namespace
@@ -62,7 +63,9 @@ std::optional<FileFailure> FragmentedWriter::write(const float *samples, qsizety
 {
     if (m_ended)
         return failed(AVERROR(EBADF));
-    const int status = m_encoder.encode(samples, count, [this](AVPacket *packet) { return takePacket(packet); });
+    int status = m_encoder.encode(samples, count, [this](AVPacket *packet) { return takePacket(packet); });
+    if (status >= 0 && m_packetsInFragment >= packetsWorthAFragment)
+        status = flushFragment();
     return status < 0 ? failed(status) : std::nullopt;
 }
 
@@ -85,7 +88,7 @@ int FragmentedWriter::takePacket(AVPacket *packet)
     av_packet_rescale_ts(packet, m_encoder.context()->time_base, m_muxer->streams[0]->time_base);
     if (const int status = av_write_frame(m_muxer, packet); status < 0)
         return status;
-    if (++m_packetsInFragment < packetsPerFragment)
+    if (++m_packetsInFragment < mostPacketsInFragment)
         return 0;
     return flushFragment();
 }
