@@ -58,23 +58,37 @@ void MeterFrame::followLevel()
 
 void MeterFrame::paintGlass()
 {
-    const double radius = height() / 2.0;
-    QPainterPath bar;
-    bar.addRoundedRect(QRectF(rect()), radius, radius);
-    QPainterPath outside;
-    outside.addRect(QRectF(rect()));
     QPainter painter(m_corners);
     painter.setRenderHint(QPainter::Antialiasing);
     const QColor window = palette().color(QPalette::Window);
-    painter.fillPath(outside.subtracted(bar), window);
     // The bar's colours are made for a light ground and would glare on a dark one.
     if (window.lightness() < 128) {
         painter.setOpacity(darkGlass);
         painter.fillRect(rect(), window);
         painter.setOpacity(1.0);
     }
-    painter.setClipPath(bar);
     paintEndOfLevel(painter);
+    painter.drawPixmap(0, 0, corners(window));
+}
+
+const QPixmap &MeterFrame::corners(const QColor &color)
+{
+    const QSize pixels = size() * devicePixelRatioF();
+    if (m_cornerPicture.size() == pixels && m_cornerColor == color)
+        return m_cornerPicture;
+    m_cornerColor = color;
+    m_cornerPicture = QPixmap(pixels);
+    m_cornerPicture.setDevicePixelRatio(devicePixelRatioF());
+    m_cornerPicture.fill(Qt::transparent);
+    const double radius = height() / 2.0;
+    QPainterPath bar;
+    bar.addRoundedRect(QRectF(rect()), radius, radius);
+    QPainterPath outside;
+    outside.addRect(QRectF(rect()));
+    QPainter painter(&m_cornerPicture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(outside.subtracted(bar), color);
+    return m_cornerPicture;
 }
 
 void MeterFrame::paintEndOfLevel(QPainter &painter) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QColor>
+#include <QPixmap>
 #include <QWidget>
 
 class QPainter;
@@ -25,10 +27,13 @@ protected:
 private:
     void followLevel();
     void paintGlass();
+    const QPixmap &corners(const QColor &color);
     void paintEndOfLevel(QPainter &painter) const;
 
     QWidget *m_corners;
     KestLevelsView *m_level = nullptr; ///< Null until one was laid out here and shown.
+    QPixmap m_cornerPicture;           ///< Painted ten times a second while a recording runs, so it is kept.
+    QColor m_cornerColor;
 };
 
 } // namespace kest
