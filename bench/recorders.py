@@ -1,4 +1,4 @@
-"""Four recorders under one hand: Kest and what else a person could record with. Used by bench/beside.py."""
+"""Recorders under one hand: Kest and what else a person could record with. Used by bench/beside.py."""
 
 import os
 import re
@@ -72,6 +72,13 @@ class Ffmpeg(CommandRecorder):
                 "-c:a", "aac", "-b:a", "72k", self.path]
 
 
+class FfmpegAsItComes(Ffmpeg):
+    name = "ffmpeg -f pulse, as it comes"
+
+    def command(self):
+        return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", "-i", "default", self.path]
+
+
 class GStreamer(CommandRecorder):
     name = "gst-launch-1.0 pulsesrc"
     program = "gst-launch-1.0"
@@ -141,4 +148,4 @@ class Kest(Recorder):
         return max(self.kest.recordings(), key=lambda path: path.stat().st_mtime)
 
 
-ALL = (Kest, Ffmpeg, GStreamer, GnomeSoundRecorder)
+ALL = (Kest, Ffmpeg, FfmpegAsItComes, GStreamer, GnomeSoundRecorder)
