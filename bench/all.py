@@ -21,7 +21,7 @@ page = top / "docs/benchmarks.md"
 
 PARTS = {
     "start": ("From the start to the window", []),
-    "beside": ("A recording in four programs", ["--runs", "3", "--seconds", "30"]),
+    "beside": ("A recording beside other programs", ["--runs", "3", "--seconds", "30"]),
     "recording": ("The recorder alone", []),
     "speech": ("What speech becomes", []),
     "finishing": ("From Stop to the finished file", []),

@@ -1,5 +1,5 @@
 #!/usr/bin/python3
-"""A whole recording in four programs: processor time, memory, what is missing at its start, what a kill leaves.
+"""A whole recording in several programs: processor time, memory, what is missing at its start, what a kill leaves.
 
     bench/beside.py [--runs N] [--seconds N] [--build FOLDER]
 
