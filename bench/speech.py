@@ -5,7 +5,8 @@
 
 Five voices of espeak-ng are spoken into the virtual microphone of a private PulseAudio, once for each program. Quality is
 told by the segmental signal-to-noise ratio (higher is better) and the log-spectral distance below 14 kHz (lower is better);
-see speech-bit-rate/compare.py. Each file is first moved to where it fits the original best.
+see speech-bit-rate/compare.py. Each file is first moved to where it fits the original best, and made as loud: a program that
+adds two channels is 3 dB louder, which is no noise.
 """
 
 import argparse
@@ -48,6 +49,11 @@ def aligned(original, heard):
     return numpy.fft.irfft(spectrum * numpy.exp(turn * best), size)[:len(original)]
 
 
+def as_loud(original, heard):
+    part = original[:len(heard)]
+    return heard * (part @ part) / (part @ heard[:len(part)])
+
+
 def record(recorder, original):
     recorder.open()
     recorder.press()
@@ -58,24 +64,21 @@ def record(recorder, original):
     recorder.stop()
     path = recorder.path
     heard = samples(path)
-    figures = (path.stat().st_size * 8 / (len(heard) / RATE) / 1000, *compare(original, aligned(original, heard)))
+    fitting = as_loud(original, aligned(original, heard))
+    figures = (path.stat().st_size * 8 / (len(heard) / RATE) / 1000, *compare(original, fitting))
     recorder.close()
     return figures
 
 
 def recorders():
-    from recorders import Ffmpeg, GnomeSoundRecorder, GStreamer, Kest
-
-    class UsualFfmpeg(Ffmpeg):
-        def command(self):
-            return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", "-i", "default", self.path]
+    from recorders import FfmpegAsItComes, GnomeSoundRecorder, GStreamer, Kest
 
     class UsualGStreamer(GStreamer):
         def command(self):
             return ["gst-launch-1.0", "-q", "-e", "pulsesrc", "!", "audioconvert", "!", "avenc_aac", "!", "mp4mux", "!",
                     "filesink", f"location={self.path}"]
 
-    return Kest, UsualFfmpeg, UsualGStreamer, GnomeSoundRecorder
+    return Kest, FfmpegAsItComes, UsualGStreamer, GnomeSoundRecorder
 
 
 def main():
