@@ -11,6 +11,7 @@
 
 #include <QDir>
 #include <QEvent>
+#include <QFont>
 #include <QLocale>
 
 #include <sys/stat.h>
@@ -30,6 +31,16 @@ std::optional<qint64> fileSize(const FileURL &file)
     if (file.isEmpty() || ::stat(file.nativePath().constData(), &status) != 0)
         return std::nullopt;
     return status.st_size;
+}
+
+/// A font that is not needed at the start takes a part of the time until the first picture.
+void setWeight(QWidget &field, QFont::Weight weight)
+{
+    if (field.font().weight() == weight)
+        return;
+    QFont weighted; // with nothing but the weight: the rest is the window's
+    weighted.setWeight(weight);
+    field.setFont(weighted);
 }
 
 /// The file's folder for people, the home folder as "~".
@@ -168,6 +179,7 @@ void ListeningPanel::updateHeading()
     else if (isDiscarded())
         heading = tr("Moved to the trash");
     m_ui.recordingCardHeading->setText(heading);
+    setWeight(*m_ui.recordingNameField, m_recording.isEmpty() ? QFont::Normal : QFont::DemiBold);
     m_ui.recordingNameField->setText(m_recording.isEmpty() ? tr("None yet") : m_recording.lastPathComponent());
     const QString hint = m_state == State::Ready ? u'\n' + tr("Drag it into another window") : QString();
     m_ui.recordingNameField->setToolTip(m_recording.isEmpty() ? QString() : m_recording.displayPath() + hint);

@@ -21,7 +21,10 @@
 #include <QEvent>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QWindow>
+
+#include <utility>
 
 namespace kest {
 
@@ -116,7 +119,6 @@ void MainWindowController::loadWindow()
 {
     installMainWindowAccessible();
     m_ui->setupUi(m_window.get());
-    m_window->setWindowIcon(iconNamed(QStringLiteral("org.kest.Kest")));
     m_window->installEventFilter(this);
     applyFonts();
     const double scale = textScale(QApplication::font());
@@ -295,7 +297,17 @@ bool MainWindowController::eventFilter(QObject *watched, QEvent *event)
         windowWillClose();
     else if (watched == m_window.get() && event->type() == QEvent::PaletteChange)
         applyColors();
+    else if (watched == m_window.get() && event->type() == QEvent::Paint)
+        giveIcon();
     return QObject::eventFilter(watched, event);
+}
+
+/// Drawn in the sizes that task bars want, which the first picture need not wait for.
+void MainWindowController::giveIcon()
+{
+    if (std::exchange(m_hasIcon, true))
+        return;
+    QTimer::singleShot(0, this, [this] { m_window->setWindowIcon(iconNamed(QStringLiteral("org.kest.Kest"))); });
 }
 
 void MainWindowController::setRecordingActive(bool active)

@@ -223,6 +223,7 @@ private:
     struct ReplySettings;
 
     void loadWindow();
+    void giveIcon();
     void applyFonts();
     void applyColors();
     void awakeFromNib();
@@ -285,6 +286,7 @@ private:
     NoticePlace m_notices;
     RecordingWarnings *m_warnings = nullptr;
 
+    bool m_hasIcon = false;
     bool m_recordingActive = false;
     bool m_recordingGoesOn = false;
     bool m_sheetShowing = false;

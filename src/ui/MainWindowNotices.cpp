@@ -63,7 +63,6 @@ void MainWindowController::applyFonts()
                                                            m_ui->positionField, m_ui->playbackNoticeField,
                                                            m_ui->recordingCardHeading, m_ui->mailCardHeading})
         small->setFont(sized(base, smallTextPixels, QFont::Normal));
-    m_ui->recordingNameField->setFont(sized(base, captionPixels, QFont::DemiBold));
 }
 
 /// For the start, and for every change of the desktop's colours.
