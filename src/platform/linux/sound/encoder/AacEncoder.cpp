@@ -8,6 +8,12 @@ extern "C" {
 
 namespace kest {
 
+namespace {
+
+constexpr int highestKept = 15000; // Hz; docs/decisions/0005-speech-bit-rate.md
+
+} // namespace
+
 int AacEncoder::open(const EncoderFormat &format)
 {
     const AVCodec *codec = avcodec_find_encoder_by_name("aac");
@@ -24,6 +30,7 @@ int AacEncoder::open(const EncoderFormat &format)
     m_codec->ch_layout = AV_CHANNEL_LAYOUT_MONO;
     m_codec->time_base = {1, format.sampleRate};
     m_codec->profile = FF_PROFILE_AAC_LOW;
+    m_codec->cutoff = highestKept;
     m_codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER; // MPEG-4 files keep the codec's header outside the packets
     av_opt_set(m_codec->priv_data, "aac_coder", "twoloop", 0); // docs/decisions/0005-speech-bit-rate.md
     const int status = avcodec_open2(m_codec.get(), codec, nullptr);
