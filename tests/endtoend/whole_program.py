@@ -65,6 +65,15 @@ class WholeProgram(unittest.TestCase):
         self.sandbox.run(["rm", "-rf", self.kest.recordings_folder, Path(self.sandbox.env["XDG_CONFIG_HOME"]) / "kest"])
         self.addCleanup(lambda: self.sandbox.stop(self.kest.process))
 
+    def start_without(self, plugin):
+        program = Path(self.sandbox.root) / f"without-{plugin}"
+        for file in (BUILD / "bin/kest", *(BUILD / "lib").glob("kest-*.so")):
+            if file.name != plugin:
+                (program / file.parent.name).mkdir(parents=True, exist_ok=True)
+                shutil.copy(file, program / file.parent.name)
+        self.kest = KestProgram(self.sandbox, self.person, program)
+        self.kest.start()
+
     def record(self, seconds=1):
         self.kest.click("Record")
         wait_until(lambda: self.kest.time_text() != "--:--", "the recording to begin")
@@ -125,6 +134,13 @@ class WholeProgram(unittest.TestCase):
         wait_until(lambda: not self.kest.recordings(), "no broken file to stay")
         self.kest.quit()
 
+    def test_where_libpulse_cannot_be_loaded_that_is_said_at_record(self):
+        self.start_without("kest-pulse.so")
+        self.kest.click("Record")
+        self.kest.wait_for_notice("No sound server answers")
+        wait_until(lambda: not self.kest.recordings(), "no broken file to stay")
+        self.kest.quit()
+
     def test_a_sound_server_that_dies_is_said_and_the_recording_kept(self):
         self.addCleanup(self.sound.restart_with_microphone)
         self.kest.start()
@@ -171,12 +187,7 @@ class WholeProgram(unittest.TestCase):
         self.assertEqual([name for name, _, _ in mail.attachments], [self.kest.recordings()[-1].name])
 
     def test_a_missing_script_engine_is_said_and_the_recording_kept(self):
-        program = Path(self.sandbox.root) / "without-engine"
-        for name in ("bin/kest", "lib/kest-encoder.so", "lib/kest-decoder.so"):
-            (program / name).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(BUILD / name, program / name)
-        self.kest = KestProgram(self.sandbox, self.person, program)
-        self.kest.start()
+        self.start_without("kest-script.so")
         self.record(2)
         self.kest.click("New Message")
         words = "The part of Kest that prepares mail could not be loaded. Please install Kest again."

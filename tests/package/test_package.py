@@ -78,7 +78,7 @@ class PackageTest:
         programs = [path for path in installed if self._is_elf(path)]
         libraries = self.root.run(["ldd", *programs])
         missing = [line for line in libraries.splitlines() if "not found" in line]
-        if len(programs) != 5 or missing:
+        if len(programs) != 6 or missing:
             raise RuntimeError(f"{programs} miss {missing}")
 
     def _is_elf(self, path):

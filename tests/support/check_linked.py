@@ -9,8 +9,9 @@ import re
 import subprocess
 import sys
 
-# The script engine, what it brings for networks, and the codecs.
-BEHIND_PLUGINS = re.compile(r"\b(libQt6Qml|libQt6Network|libproxy|libgssapi_krb5|libavcodec|libavformat)\.so")
+# The script engine, what it brings for networks, the codecs, and libpulse with what it brings for sound files.
+BEHIND_PLUGINS = re.compile(
+    r"\b(libQt6Qml|libQt6Network|libproxy|libgssapi_krb5|libavcodec|libavformat|libpulse|libsndfile)\.so")
 
 
 def caught(file):

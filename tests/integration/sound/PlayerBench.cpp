@@ -109,8 +109,8 @@ bool VirtualOutput::isSilentAgain()
     return last != samples.rend() && last - samples.rbegin() >= silenceSamples;
 }
 
-PlayerBench::PlayerBench()
-    : sound(makePulseSound())
+PlayerBench::PlayerBench(const PulseSoundOptions &options)
+    : sound(makePulseSound(options))
     , player(*sound.player)
     , opened(&player, &AudioFilePlayer::opened)
     , waveform(&player, &AudioFilePlayer::waveformRead)

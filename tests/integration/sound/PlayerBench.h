@@ -50,7 +50,7 @@ private:
 class PlayerBench
 {
 public:
-    PlayerBench();
+    explicit PlayerBench(const PulseSoundOptions &options = {});
 
     /// Makes a recording of `seconds` of noise, so that every place in it can
     /// be told from every other.

@@ -9,11 +9,25 @@
 
 namespace kest::test {
 
-RecorderBench::RecorderBench(std::shared_ptr<EncoderLoader> encoders, const QByteArray &recordings)
+namespace {
+
+PulseSoundOptions with(std::shared_ptr<EncoderLoader> encoders)
 {
     PulseSoundOptions options;
     options.encoders = std::move(encoders);
-    sound = makePulseSound(options);
+    return options;
+}
+
+} // namespace
+
+RecorderBench::RecorderBench(std::shared_ptr<EncoderLoader> encoders, const QByteArray &recordings)
+    : RecorderBench(with(std::move(encoders)), recordings)
+{
+}
+
+RecorderBench::RecorderBench(const PulseSoundOptions &options, const QByteArray &recordings)
+    : sound(makePulseSound(options))
+{
     folder = recordings.isEmpty() ? FolderURL::fromPath(m_temporary.path()) : FolderURL::fromNativePath(recordings);
 }
 

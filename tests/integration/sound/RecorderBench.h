@@ -16,6 +16,7 @@ class RecorderBench
 {
 public:
     explicit RecorderBench(std::shared_ptr<EncoderLoader> encoders = nullptr, const QByteArray &folder = {});
+    explicit RecorderBench(const PulseSoundOptions &options, const QByteArray &folder = {});
     ~RecorderBench();
 
     /// What the window asks for.

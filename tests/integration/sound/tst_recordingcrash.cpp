@@ -35,7 +35,7 @@ private Q_SLOTS:
     void killedRecordingIsPlayable_data();
     void killedRecordingIsPlayable();
     void nextStartFinishesIt();
-    void nextStartNeedsNoEncoderForIt();
+    void nextStartNeedsNoPluginForIt();
     void nextStartFindsItInItsRenamedFolder();
     void nextStartFindsItInTheFolderOfToday();
     void fileOfAnotherBirthIsLeftAlone();
@@ -145,10 +145,13 @@ void RecordingCrashTest::nextStartFinishesIt()
     QCOMPARE(QDir(m_root->filePath(QStringLiteral("Recordings"))).entryList(QDir::Files | QDir::Hidden).size(), 1);
 }
 
-void RecordingCrashTest::nextStartNeedsNoEncoderForIt()
+void RecordingCrashTest::nextStartNeedsNoPluginForIt()
 {
     recordUntilKilledAfter(0.5);
-    RecorderBench bench(std::make_shared<EncoderLoader>(QByteArray("/nowhere/kest-encoder.so")));
+    PulseSoundOptions options;
+    options.pulsePlugin = "/nowhere/kest-pulse.so";
+    options.encoders = std::make_shared<EncoderLoader>("/nowhere/kest-encoder.so");
+    RecorderBench bench(options);
     QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, plentyMilliseconds), 1);
     verifyOrdinary(file());
 }

@@ -101,9 +101,9 @@ void CaptureSession::open()
 {
     m_context->addListener(shared_from_this());
     m_watch = std::make_unique<PulseTimer>(m_context->thread(), [this] { watch(); });
-    m_watch->setSingleShot(watchMilliseconds);
     m_waitingSince = monotonicNow();
     m_context->ensureConnected();
+    m_watch->setSingleShot(watchMilliseconds); // by libpulse, which may only now be loaded
     tryToOpenStream();
 }
 
@@ -133,13 +133,14 @@ void CaptureSession::sourcesChanged()
 
 void CaptureSession::contextLost()
 {
-    fail(m_state == State::Streaming ? RecordingTrouble::SoundServerLost : RecordingTrouble::NoSoundServer);
+    fail(m_state == State::Streaming ? RecordingTrouble::SoundServerLost : RecordingTrouble::NoSoundServer,
+         m_context->problem());
 }
 
 void CaptureSession::streamLost()
 {
     // When the server dies, its streams fail first; the context tells in a moment.
-    if (m_context->handle() && pa_context_get_state(m_context->handle()) != PA_CONTEXT_READY)
+    if (m_context->isFailing())
         return;
     fail(RecordingTrouble::MicrophoneLost, microphoneName());
 }

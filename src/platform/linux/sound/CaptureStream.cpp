@@ -10,19 +10,21 @@ constexpr qint64 nanosecondsPerSecond = 1'000'000'000;
 
 /// One that is only being made cannot be taken back yet; with nobody to hear it, it would keep the microphone open for as
 /// long as the connection lasts. The context holds it until then.
-void disconnectWhenMade(pa_stream *stream)
+void disconnectWhenMade(pa_stream *stream, const PulseFunctions &pulse)
 {
-    const auto stateChanged = [](pa_stream *made, void *) {
-        if (pa_stream_get_state(made) == PA_STREAM_READY)
-            pa_stream_disconnect(made);
+    const auto stateChanged = [](pa_stream *made, void *functions) {
+        const auto *library = static_cast<const PulseFunctions *>(functions);
+        if (library->stream_get_state(made) == PA_STREAM_READY)
+            library->stream_disconnect(made);
     };
-    pa_stream_set_state_callback(stream, stateChanged, nullptr);
+    pulse.stream_set_state_callback(stream, stateChanged, const_cast<PulseFunctions *>(&pulse));
 }
 
 } // namespace
 
 CaptureStream::CaptureStream(PulseContext &context, const PulseSource &source, CaptureStreamListener &listener)
-    : m_context(context), m_source(source), m_listener(listener), m_clipping(source.channels.channels)
+    : m_context(context), m_pulse(context.pulse()), m_source(source), m_listener(listener),
+      m_clipping(source.channels.channels)
 {
 }
 
@@ -30,38 +32,38 @@ CaptureStream::~CaptureStream()
 {
     if (!m_stream)
         return;
-    pa_stream_set_state_callback(m_stream, nullptr, nullptr);
-    pa_stream_set_read_callback(m_stream, nullptr, nullptr);
-    if (pa_stream_get_state(m_stream) == PA_STREAM_CREATING)
-        disconnectWhenMade(m_stream);
+    m_pulse.stream_set_state_callback(m_stream, nullptr, nullptr);
+    m_pulse.stream_set_read_callback(m_stream, nullptr, nullptr);
+    if (m_pulse.stream_get_state(m_stream) == PA_STREAM_CREATING)
+        disconnectWhenMade(m_stream, m_pulse);
     else
-        pa_stream_disconnect(m_stream);
-    pa_stream_unref(m_stream);
+        m_pulse.stream_disconnect(m_stream);
+    m_pulse.stream_unref(m_stream);
 }
 
 bool CaptureStream::open()
 {
     const pa_sample_spec spec = {PA_SAMPLE_FLOAT32NE, sampleRate, m_source.channels.channels};
-    m_stream = pa_stream_new(m_context.handle(), "Recording", &spec, &m_source.channels);
+    m_stream = m_pulse.stream_new(m_context.handle(), "Recording", &spec, &m_source.channels);
     if (!m_stream)
         return false;
-    pa_stream_set_state_callback(
+    m_pulse.stream_set_state_callback(
         m_stream, [](pa_stream *, void *self) { static_cast<CaptureStream *>(self)->stateChanged(); }, this);
-    pa_stream_set_read_callback(
+    m_pulse.stream_set_read_callback(
         m_stream, [](pa_stream *, size_t, void *self) { static_cast<CaptureStream *>(self)->readAvailable(); }, this);
     pa_buffer_attr buffer = {};
     buffer.maxlength = uint32_t(-1);
-    buffer.fragsize = uint32_t(pa_usec_to_bytes(fragmentMilliseconds * PA_USEC_PER_MSEC, &spec));
+    buffer.fragsize = uint32_t(m_pulse.usec_to_bytes(fragmentMilliseconds * PA_USEC_PER_MSEC, &spec));
     // Servers move streams of their own accord: to a source that becomes the default, and when theirs goes away. In the
     // middle of a recording that would be silent, and cannot be told from a move that a person makes.
     constexpr int flags = PA_STREAM_DONT_MOVE | PA_STREAM_ADJUST_LATENCY | PA_STREAM_AUTO_TIMING_UPDATE
         | PA_STREAM_INTERPOLATE_TIMING;
-    return pa_stream_connect_record(m_stream, m_source.name.c_str(), &buffer, pa_stream_flags_t(flags)) == 0;
+    return m_pulse.stream_connect_record(m_stream, m_source.name.c_str(), &buffer, pa_stream_flags_t(flags)) == 0;
 }
 
 void CaptureStream::stateChanged()
 {
-    const pa_stream_state_t state = pa_stream_get_state(m_stream);
+    const pa_stream_state_t state = m_pulse.stream_get_state(m_stream);
     if (state == PA_STREAM_FAILED || state == PA_STREAM_TERMINATED)
         m_listener.streamLost();
 }
@@ -82,14 +84,14 @@ bool CaptureStream::readChunk()
 {
     const void *data = nullptr;
     size_t bytes = 0;
-    if (pa_stream_peek(m_stream, &data, &bytes) < 0 || bytes == 0)
+    if (m_pulse.stream_peek(m_stream, &data, &bytes) < 0 || bytes == 0)
         return false;
-    const qsizetype frames = qsizetype(bytes / pa_frame_size(pa_stream_get_sample_spec(m_stream)));
+    const qsizetype frames = qsizetype(bytes / m_pulse.frame_size(m_pulse.stream_get_sample_spec(m_stream)));
     const MonotonicTime start = captureTime(frames);
     const auto *interleaved = static_cast<const float *>(data); // null is a hole: what the server lost, kept as silence
     average(interleaved, frames);
     const bool clipped = interleaved && m_clipping.hearsClipping(interleaved, frames);
-    pa_stream_drop(m_stream);
+    m_pulse.stream_drop(m_stream);
     m_listener.samplesCaptured(m_mono.data(), frames, start, clipped);
     return true;
 }
@@ -99,7 +101,7 @@ void CaptureStream::average(const float *interleaved, qsizetype frames)
     m_mono.assign(frames, 0.0F);
     if (!interleaved)
         return;
-    const int channels = pa_stream_get_sample_spec(m_stream)->channels;
+    const int channels = m_pulse.stream_get_sample_spec(m_stream)->channels;
     for (qsizetype frame = 0; frame < frames; ++frame) {
         float sum = 0;
         for (int channel = 0; channel < channels; ++channel)
@@ -114,7 +116,7 @@ MonotonicTime CaptureStream::captureTime(qsizetype frames) const
     int negative = 0;
     // The latency is how long ago the next sample to be read was captured. Unknown just after the start: then the
     // last sample read is taken to be just captured.
-    if (pa_stream_get_latency(m_stream, &latency, &negative) < 0 || negative)
+    if (m_pulse.stream_get_latency(m_stream, &latency, &negative) < 0 || negative)
         return monotonicNow() - frames * nanosecondsPerSecond / sampleRate;
     return monotonicNow() - qint64(latency) * nanosecondsPerMicrosecond;
 }

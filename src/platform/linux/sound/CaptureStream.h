@@ -4,9 +4,6 @@
 #include "platform/linux/sound/ClippingDetector.h"
 #include "platform/linux/sound/PulseContext.h"
 
-#include <pulse/stream.h>
-#include <pulse/timeval.h>
-
 #include <vector>
 
 namespace kest {
@@ -58,6 +55,7 @@ private:
     MonotonicTime captureTime(qsizetype frames) const;
 
     PulseContext &m_context;
+    const PulseFunctions &m_pulse;
     const PulseSource m_source;
     CaptureStreamListener &m_listener;
     pa_stream *m_stream = nullptr;

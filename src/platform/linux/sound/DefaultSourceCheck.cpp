@@ -1,6 +1,6 @@
 #include "platform/linux/sound/DefaultSourceCheck.h"
 
-#include <pulse/operation.h>
+#include "platform/linux/sound/PulseThread.h"
 
 #include <utility>
 
@@ -13,39 +13,40 @@ DefaultSourceCheck::~DefaultSourceCheck()
     cancel();
 }
 
-void DefaultSourceCheck::start(pa_mainloop_api *api)
+void DefaultSourceCheck::start(const PulseThread &thread)
 {
     cancel();
-    m_context = pa_context_new(api, "Kest");
-    pa_context_set_state_callback(
+    m_pulse = &thread.pulse();
+    m_context = m_pulse->context_new(thread.api(), "Kest");
+    m_pulse->context_set_state_callback(
         m_context, [](pa_context *, void *self) { static_cast<DefaultSourceCheck *>(self)->stateChanged(); }, this);
-    if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
+    if (m_pulse->context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
         cancel();
 }
 
 void DefaultSourceCheck::cancel()
 {
     if (pa_context *context = std::exchange(m_context, nullptr)) {
-        pa_context_set_state_callback(context, nullptr, nullptr);
-        pa_context_disconnect(context);
-        pa_context_unref(context);
+        m_pulse->context_set_state_callback(context, nullptr, nullptr);
+        m_pulse->context_disconnect(context);
+        m_pulse->context_unref(context);
     }
 }
 
 void DefaultSourceCheck::stateChanged()
 {
-    const pa_context_state_t state = pa_context_get_state(m_context);
+    const pa_context_state_t state = m_pulse->context_get_state(m_context);
     if (!PA_CONTEXT_IS_GOOD(state)) {
         cancel();
     } else if (state == PA_CONTEXT_READY) {
-        pa_operation *operation = pa_context_get_server_info(
+        pa_operation *operation = m_pulse->context_get_server_info(
             m_context,
             [](pa_context *, const pa_server_info *info, void *self) {
                 static_cast<DefaultSourceCheck *>(self)->take(info);
             },
             this);
         if (operation)
-            pa_operation_unref(operation);
+            m_pulse->operation_unref(operation);
     }
 }
 

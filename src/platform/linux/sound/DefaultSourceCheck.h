@@ -1,12 +1,13 @@
 #pragma once
 
-#include <pulse/context.h>
-#include <pulse/introspect.h>
+#include "platform/linux/sound/PulsePlugin.h"
 
 #include <functional>
 #include <string>
 
 namespace kest {
+
+class PulseThread;
 
 /// Asks the sound server, over a connection of its own, which source is the default one.
 ///
@@ -26,7 +27,7 @@ public:
     DefaultSourceCheck &operator=(const DefaultSourceCheck &) = delete;
 
     /// The answer comes later; never, if the server cannot be reached. Replaces a question under way.
-    void start(pa_mainloop_api *api);
+    void start(const PulseThread &thread);
     void cancel();
 
 private:
@@ -34,6 +35,7 @@ private:
     void take(const pa_server_info *info);
 
     const Answer m_answer;
+    const PulseFunctions *m_pulse = nullptr; // as long as there is a context
     pa_context *m_context = nullptr;
 };
 

@@ -113,7 +113,7 @@ void PlaybackSession::watch()
 
 void PlaybackSession::contextLost()
 {
-    fail(m_stream ? PlaybackTrouble::SoundServerLost : PlaybackTrouble::NoSoundServer);
+    fail(m_stream ? PlaybackTrouble::SoundServerLost : PlaybackTrouble::NoSoundServer, m_context->problem());
 }
 
 void PlaybackSession::streamDrained()
@@ -129,7 +129,7 @@ void PlaybackSession::streamDrained()
 void PlaybackSession::streamLost()
 {
     // When the server dies, its streams fail first; the context tells in a moment.
-    if (m_context->handle() && pa_context_get_state(m_context->handle()) != PA_CONTEXT_READY)
+    if (m_context->isFailing())
         return;
     fail(m_samples.empty() ? PlaybackTrouble::NoOutput : PlaybackTrouble::OutputLost);
 }

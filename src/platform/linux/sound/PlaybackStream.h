@@ -2,9 +2,6 @@
 
 #include "platform/linux/sound/PulseContext.h"
 
-#include <pulse/operation.h>
-#include <pulse/stream.h>
-
 namespace kest {
 
 /// Hears about a PlaybackStream. Called on the PulseThread.
@@ -64,6 +61,7 @@ private:
     void forgetInquiry();
 
     PulseContext &m_context;
+    const PulseFunctions &m_pulse;
     const int m_sampleRate;
     PlaybackStreamListener &m_listener;
     pa_stream *m_stream = nullptr;

@@ -1,8 +1,5 @@
 #include "platform/linux/sound/PulseContext.h"
 
-#include <pulse/error.h>
-#include <pulse/proplist.h>
-
 #include <QLoggingCategory>
 
 #include <algorithm>
@@ -22,12 +19,6 @@ constexpr int lastRetryMilliseconds = 30'000;
 constexpr int soonMilliseconds = 250;
 constexpr int lateMilliseconds = 2'000;
 
-void unrefOperation(pa_operation *operation)
-{
-    if (operation)
-        pa_operation_unref(operation);
-}
-
 std::string textOf(const char *announced)
 {
     return announced ? announced : std::string();
@@ -35,12 +26,13 @@ std::string textOf(const char *announced)
 
 } // namespace
 
-PulseContext::PulseContext(QString applicationName) : m_applicationName(std::move(applicationName))
+PulseContext::PulseContext(QString applicationName, const QByteArray &pluginFile)
+    : m_applicationName(std::move(applicationName)), m_thread(pluginFile)
 {
     m_thread.post([this] {
         m_retry = std::make_unique<PulseTimer>(m_thread, [this] { connectToServer(PA_CONTEXT_NOAUTOSPAWN); });
         m_askAgain = std::make_unique<PulseTimer>(m_thread, [this] {
-            m_defaultCheck.start(m_thread.api());
+            m_defaultCheck.start(m_thread);
             if (!std::exchange(m_askingLate, true))
                 m_askAgain->setSingleShot(lateMilliseconds);
         });
@@ -51,8 +43,7 @@ PulseContext::PulseContext(QString applicationName) : m_applicationName(std::mov
 PulseContext::~PulseContext()
 {
     m_thread.post([this] {
-        for (const auto &listener : Listeners(m_listeners))
-            listener->contextLost();
+        tellLost();
         m_listeners.clear();
         drop();
         m_retry.reset();
@@ -78,40 +69,56 @@ void PulseContext::removeListener(const PulseContextListener *listener)
 
 void PulseContext::ensureConnected()
 {
-    if (!m_context)
-        connectToServer(PA_CONTEXT_NOFLAGS);
+    if (m_context)
+        return;
+    m_problem.clear();
+    if (m_thread.load(&m_problem))
+        return connectToServer(PA_CONTEXT_NOFLAGS);
+    qCWarning(logSound, "libpulse could not be loaded: %ls", qUtf16Printable(m_problem));
+    tellLost();
+}
+
+bool PulseContext::isFailing() const
+{
+    return m_context && pulse().context_get_state(m_context) != PA_CONTEXT_READY;
+}
+
+void PulseContext::forget(pa_operation *operation)
+{
+    if (operation)
+        pulse().operation_unref(operation);
 }
 
 void PulseContext::connectToServer(pa_context_flags_t flags)
 {
     m_retry->cancel();
-    pa_proplist *properties = pa_proplist_new();
+    pa_proplist *properties = pulse().proplist_new();
     const QByteArray name = m_applicationName.toUtf8();
-    pa_proplist_sets(properties, PA_PROP_APPLICATION_NAME, name.constData());
-    pa_proplist_sets(properties, PA_PROP_APPLICATION_ID, "org.kest.Kest");
-    pa_proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, "org.kest.Kest");
-    m_context = pa_context_new_with_proplist(m_thread.api(), name.constData(), properties);
-    pa_proplist_free(properties);
-    pa_context_set_state_callback(
+    pulse().proplist_sets(properties, PA_PROP_APPLICATION_NAME, name.constData());
+    pulse().proplist_sets(properties, PA_PROP_APPLICATION_ID, "org.kest.Kest");
+    pulse().proplist_sets(properties, PA_PROP_APPLICATION_ICON_NAME, "org.kest.Kest");
+    m_context = pulse().context_new_with_proplist(m_thread.api(), name.constData(), properties);
+    pulse().proplist_free(properties);
+    pulse().context_set_state_callback(
         m_context, [](pa_context *, void *self) { static_cast<PulseContext *>(self)->stateChanged(); }, this);
-    pa_context_set_subscribe_callback(
+    pulse().context_set_subscribe_callback(
         m_context,
         [](pa_context *, pa_subscription_event_type_t, uint32_t, void *self) {
             static_cast<PulseContext *>(self)->takeNews();
         },
         this);
-    if (pa_context_connect(m_context, nullptr, flags, nullptr) < 0)
+    if (pulse().context_connect(m_context, nullptr, flags, nullptr) < 0)
         lost();
 }
 
 void PulseContext::stateChanged()
 {
-    const pa_context_state_t state = pa_context_get_state(m_context);
+    const pa_context_state_t state = pulse().context_get_state(m_context);
     if (state == PA_CONTEXT_READY) {
         m_ready = true;
         m_retryMilliseconds = 0;
         const auto facilities = pa_subscription_mask_t(PA_SUBSCRIPTION_MASK_SOURCE | PA_SUBSCRIPTION_MASK_SERVER);
-        unrefOperation(pa_context_subscribe(m_context, facilities, nullptr, nullptr));
+        forget(pulse().context_subscribe(m_context, facilities, nullptr, nullptr));
         refresh();
     } else if (!PA_CONTEXT_IS_GOOD(state)) {
         lost();
@@ -122,7 +129,7 @@ void PulseContext::lost()
 {
     if (!m_context)
         return;
-    qCInfo(logSound, "No connection to the sound server: %s", pa_strerror(pa_context_errno(m_context)));
+    qCInfo(logSound, "No connection to the sound server: %s", pulse().strerror(pulse().context_errno(m_context)));
     drop();
     {
         const std::lock_guard lock(m_mutex);
@@ -130,6 +137,11 @@ void PulseContext::lost()
     }
     m_retryMilliseconds = std::clamp(m_retryMilliseconds * 2, firstRetryMilliseconds, lastRetryMilliseconds);
     m_retry->setSingleShot(m_retryMilliseconds);
+    tellLost();
+}
+
+void PulseContext::tellLost()
+{
     for (const auto &listener : Listeners(m_listeners))
         listener->contextLost();
 }
@@ -141,10 +153,10 @@ void PulseContext::drop()
     m_askAgain->cancel();
     m_defaultCheck.cancel();
     if (pa_context *context = std::exchange(m_context, nullptr)) {
-        pa_context_set_state_callback(context, nullptr, nullptr);
-        pa_context_set_subscribe_callback(context, nullptr, nullptr);
-        pa_context_disconnect(context);
-        pa_context_unref(context);
+        pulse().context_set_state_callback(context, nullptr, nullptr);
+        pulse().context_set_subscribe_callback(context, nullptr, nullptr);
+        pulse().context_disconnect(context);
+        pulse().context_unref(context);
     }
 }
 
@@ -177,7 +189,7 @@ void PulseContext::requestServerInfo()
 {
     m_refreshing = true;
     m_collected = {};
-    unrefOperation(pa_context_get_server_info(
+    forget(pulse().context_get_server_info(
         m_context,
         [](pa_context *, const pa_server_info *info, void *self) {
             static_cast<PulseContext *>(self)->takeServerInfo(info);
@@ -196,7 +208,7 @@ void PulseContext::takeServerInfo(const pa_server_info *info)
     m_lastToldDefault = textOf(info->default_source_name);
     m_collected.defaultSource = m_toldDefault == m_lastToldDefault ? m_checkedDefault : m_lastToldDefault;
     m_collected.defaultSink = textOf(info->default_sink_name);
-    unrefOperation(pa_context_get_source_info_list(
+    forget(pulse().context_get_source_info_list(
         m_context,
         [](pa_context *, const pa_source_info *source, int end, void *self) {
             auto *context = static_cast<PulseContext *>(self);

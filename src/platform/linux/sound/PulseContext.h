@@ -4,10 +4,6 @@
 #include "platform/linux/sound/PulseSource.h"
 #include "platform/linux/sound/PulseThread.h"
 
-#include <pulse/context.h>
-#include <pulse/introspect.h>
-#include <pulse/subscribe.h>
-
 #include <QString>
 
 #include <memory>
@@ -39,8 +35,9 @@ public:
 class PulseContext
 {
 public:
-    /// `applicationName` is what the desktop's sound settings show.
-    explicit PulseContext(QString applicationName);
+    /// `applicationName` is what the desktop's sound settings show; `pluginFile`,
+    /// as PluginLibrary takes it, has libpulse.
+    PulseContext(QString applicationName, const QByteArray &pluginFile);
     ~PulseContext();
     PulseContext(const PulseContext &) = delete;
     PulseContext &operator=(const PulseContext &) = delete;
@@ -53,17 +50,25 @@ public:
     void addListener(std::shared_ptr<PulseContextListener> listener);
     void removeListener(const PulseContextListener *listener);
 
-    /// Connects now, if there is no connection.
+    /// Connects now, if there is no connection. `contextLost` follows at once where
+    /// libpulse cannot be loaded.
     void ensureConnected();
 
     /// Asks for the sources afresh; `sourcesChanged` follows.
     void refresh();
 
+    /// Why libpulse could not be loaded, in the system's words; empty where it was.
+    QString problem() const { return m_problem; }
+
     bool isReady() const { return m_ready; }
     bool isConnecting() const { return m_context && !m_ready; }
 
-    /// Null while there is no connection.
+    /// The server is gone, and `contextLost` has yet to follow.
+    bool isFailing() const;
+
+    /// For streams; null while there is no connection.
     pa_context *handle() const { return m_context; }
+    const PulseFunctions &pulse() const { return m_thread.pulse(); }
 
 private:
     using Listeners = std::vector<std::shared_ptr<PulseContextListener>>;
@@ -71,6 +76,7 @@ private:
     void connectToServer(pa_context_flags_t flags);
     void stateChanged();
     void lost();
+    void tellLost();
     void drop();
     void takeNews();
     void takeCheckedDefault(const std::string &defaultSource);
@@ -78,6 +84,7 @@ private:
     void takeServerInfo(const pa_server_info *info);
     void takeSource(const pa_source_info *info);
     void publish();
+    void forget(pa_operation *operation);
     void endRefresh();
 
     const QString m_applicationName;
@@ -85,6 +92,7 @@ private:
     PulseSources m_published;
     PulseSources m_collected; // being gathered
     Listeners m_listeners;
+    QString m_problem;
     pa_context *m_context = nullptr;
     bool m_ready = false;
     bool m_refreshing = false;

@@ -106,7 +106,7 @@ int PulseRecorderFactory::finishInterruptedRecordings(const QList<FolderURL> &fo
 PulseSound makePulseSound(const PulseSoundOptions &options)
 {
     RecordingFile::rememberUmask(); // before libpulse's thread begins
-    const auto context = std::make_shared<PulseContext>(options.applicationName);
+    const auto context = std::make_shared<PulseContext>(options.applicationName, options.pulsePlugin);
     const auto encoders = options.encoders ? options.encoders : std::make_shared<EncoderLoader>();
     const auto journal = std::make_shared<RecordingJournal>(
         options.journalFolder.isEmpty() ? RecordingJournal::defaultFolder() : options.journalFolder);

@@ -20,6 +20,7 @@ class PulseContext;
 struct PulseSoundOptions {
     QString applicationName = QStringLiteral("Kest");
     QByteArray journalFolder;                ///< Native path; empty: under XDG_STATE_HOME.
+    QByteArray pulsePlugin = "kest-pulse.so"; ///< As PluginLibrary takes it.
     std::shared_ptr<EncoderLoader> encoders; ///< Null: the installed plugin.
     std::shared_ptr<DecoderLoader> decoders; ///< Likewise.
 };

@@ -1,30 +1,17 @@
 #include "platform/linux/sound/PulseThread.h"
 
-#include <pulse/timeval.h>
-
 #include <poll.h>
 #include <pthread.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <cstring>
 #include <utility>
 
 namespace kest {
 
-PulseThread::PulseThread() : m_loop(pa_mainloop_new()), m_api(pa_mainloop_get_api(m_loop))
+PulseThread::PulseThread(const QByteArray &pluginFile) : m_library(pluginFile)
 {
-    // An event of our own: pa_mainloop_wakeup is forgotten when it comes just before the loop goes to sleep.
-    m_event = m_api->io_new(
-        m_api, m_wakeUp.descriptor(), PA_IO_EVENT_INPUT,
-        [](pa_mainloop_api *, pa_io_event *, int, pa_io_event_flags_t, void *self) {
-            static_cast<PulseThread *>(self)->runTasks();
-        },
-        this);
-    pa_mainloop_set_poll_func(
-        m_loop,
-        [](pollfd *descriptors, unsigned long count, int timeout, void *self) {
-            return static_cast<PulseThread *>(self)->poll(descriptors, count, timeout);
-        },
-        this);
     m_thread = std::thread([this] { run(); });
 }
 
@@ -32,8 +19,40 @@ PulseThread::~PulseThread()
 {
     post([this] { m_quit = true; });
     m_thread.join();
+    if (!m_loop)
+        return;
     m_api->io_free(m_event);
-    pa_mainloop_free(m_loop);
+    m_pulse->mainloop_free(m_loop);
+}
+
+bool PulseThread::load(QString *problem)
+{
+    if (m_loop)
+        return true;
+    void *entry = m_library.entry(pulsePluginEntry, problem);
+    if (!entry)
+        return false;
+    m_pulse = reinterpret_cast<PulsePluginEntry>(entry)();
+    m_loop = m_pulse->mainloop_new();
+    if (!m_loop) {
+        *problem = QString::fromLocal8Bit(std::strerror(errno));
+        return false;
+    }
+    m_api = m_pulse->mainloop_get_api(m_loop);
+    // An event of our own: pa_mainloop_wakeup is forgotten when it comes just before the loop goes to sleep.
+    m_event = m_api->io_new(
+        m_api, m_wakeUp.descriptor(), PA_IO_EVENT_INPUT,
+        [](pa_mainloop_api *, pa_io_event *, int, pa_io_event_flags_t, void *self) {
+            static_cast<PulseThread *>(self)->runTasks();
+        },
+        this);
+    m_pulse->mainloop_set_poll_func(
+        m_loop,
+        [](pollfd *descriptors, unsigned long count, int timeout, void *self) {
+            return static_cast<PulseThread *>(self)->poll(descriptors, count, timeout);
+        },
+        this);
+    return true;
 }
 
 void PulseThread::post(Task task)
@@ -53,8 +72,17 @@ void PulseThread::setReadingInterval(int milliseconds)
 void PulseThread::run()
 {
     pthread_setname_np(pthread_self(), "kest-capture");
-    while (!m_quit && pa_mainloop_iterate(m_loop, 1, nullptr) >= 0) { }
+    while (!m_quit && turn()) { }
     while (runTasks()) { }
+}
+
+bool PulseThread::turn()
+{
+    if (m_loop)
+        return m_pulse->mainloop_iterate(m_loop, 1, nullptr) >= 0;
+    m_wakeUp.wait(-1);
+    runTasks();
+    return true;
 }
 
 int PulseThread::poll(pollfd *descriptors, unsigned long count, int timeout) const
@@ -83,7 +111,7 @@ bool PulseThread::runTasks()
 }
 
 PulseTimer::PulseTimer(PulseThread &thread, std::function<void()> expired)
-    : m_api(thread.api()), m_expired(std::move(expired))
+    : m_thread(thread), m_expired(std::move(expired))
 {
 }
 
@@ -94,14 +122,18 @@ PulseTimer::~PulseTimer()
 
 void PulseTimer::setSingleShot(int milliseconds)
 {
+    pa_mainloop_api *api = m_thread.api();
+    if (!api)
+        return;
     timeval when = {};
-    pa_timeval_add(pa_gettimeofday(&when), pa_usec_t(milliseconds) * PA_USEC_PER_MSEC);
+    const PulseFunctions &pulse = m_thread.pulse();
+    pulse.timeval_add(pulse.gettimeofday(&when), pa_usec_t(milliseconds) * PA_USEC_PER_MSEC);
     if (m_event) {
-        m_api->time_restart(m_event, &when);
+        api->time_restart(m_event, &when);
         return;
     }
-    m_event = m_api->time_new(
-        m_api, &when,
+    m_event = api->time_new(
+        api, &when,
         [](pa_mainloop_api *, pa_time_event *, const timeval *, void *self) {
             static_cast<PulseTimer *>(self)->m_expired();
         },
@@ -111,7 +143,7 @@ void PulseTimer::setSingleShot(int milliseconds)
 void PulseTimer::cancel()
 {
     if (m_event)
-        m_api->time_free(std::exchange(m_event, nullptr));
+        m_thread.api()->time_free(std::exchange(m_event, nullptr));
 }
 
 } // namespace kest

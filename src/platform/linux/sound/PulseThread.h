@@ -1,9 +1,8 @@
 #pragma once
 
+#include "platform/PluginLibrary.h"
+#include "platform/linux/sound/PulsePlugin.h"
 #include "platform/linux/sound/WakeUp.h"
-
-#include <pulse/mainloop.h>
-
 
 #include <functional>
 #include <mutex>
@@ -16,13 +15,15 @@ namespace kest {
 ///
 /// Others never touch a libpulse object: they post tasks. Posting takes a queue
 /// operation and never waits for the thread, so a server that stalls, or a
-/// library call that blocks, blocks nobody else.
+/// library call that blocks, blocks nobody else. Tasks run before libpulse is
+/// loaded, and without it.
 class PulseThread
 {
 public:
     using Task = std::function<void()>;
 
-    PulseThread();
+    /// `pluginFile` as PluginLibrary takes it.
+    explicit PulseThread(const QByteArray &pluginFile);
 
     /// Runs what is posted, and what that posts, then ends the thread.
     ~PulseThread();
@@ -37,27 +38,39 @@ public:
     /// itself.
     void setReadingInterval(int milliseconds);
 
-    /// For use on the thread itself.
+    /// Loads libpulse, if that has not been done; takes milliseconds. False when
+    /// it cannot be had, with the reason in `problem`; may be tried again. On the
+    /// thread itself.
+    bool load(QString *problem);
+
+    /// libpulse, once it is loaded. For use on the thread itself.
+    const PulseFunctions &pulse() const { return *m_pulse; }
+
+    /// Null until libpulse is loaded. For use on the thread itself.
     pa_mainloop_api *api() const { return m_api; }
 
 private:
     void run();
+    bool turn(); // false when the loop is broken
     int poll(pollfd *descriptors, unsigned long count, int timeout) const;
     bool runTasks(); // false when there were none
 
-    pa_mainloop *m_loop = nullptr;
-    pa_mainloop_api *m_api = nullptr;
-    pa_io_event *m_event = nullptr;
     WakeUp m_wakeUp;
     std::mutex m_mutex; // held for the length of a queue operation
     std::vector<Task> m_tasks;
     // The thread's own:
+    PluginLibrary m_library;
+    const PulseFunctions *m_pulse = nullptr; // this and the next three: until loaded
+    pa_mainloop *m_loop = nullptr;
+    pa_mainloop_api *m_api = nullptr;
+    pa_io_event *m_event = nullptr;
     bool m_quit = false;
     int m_readingInterval = 0; // milliseconds
     std::thread m_thread;
 };
 
 /// Calls back on the PulseThread after a while. Made, set and destroyed there.
+/// Never expires where it is set before libpulse is loaded.
 class PulseTimer
 {
 public:
@@ -71,7 +84,7 @@ public:
     void cancel();
 
 private:
-    pa_mainloop_api *m_api;
+    PulseThread &m_thread;
     pa_time_event *m_event = nullptr;
     std::function<void()> m_expired;
 };
