@@ -23,6 +23,9 @@ const QUrl helpPage(QStringLiteral(KEST_HELP_URL));
 // How long the start waits for recordings that a crash left; the rest goes on in the background.
 constexpr int recoveryWait = 300; // ms
 
+// The window is painted by then, and the sound server has been asked.
+constexpr int firstNameDelay = 100; // ms
+
 // A sound server that is still starting has no name to give: the first showing is tried again, at twice the interval
 // each time, up to the second of these.
 constexpr int firstNameRetry = 100;  // ms
@@ -64,7 +67,7 @@ void AppDelegate::applicationDidFinishLaunching()
     connectWindow();
     m_winController->showWindow();
     // Through the loop's own net: a device's odd name must not keep the rest from starting.
-    QMetaObject::invokeMethod(this, [this] { showInputName(firstNameRetry); }, Qt::QueuedConnection);
+    QTimer::singleShot(firstNameDelay, this, [this] { showInputName(firstNameRetry); });
     connect(m_platform.workspace.get(), &Workspace::applicationActivated, this, &AppDelegate::appWasActivated);
     auto *timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &AppDelegate::timeToUpdateInputName);

@@ -194,7 +194,7 @@ private Q_SLOTS:
         m_house->hardware().name = QStringLiteral("Microphone");
         QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("exception was raised")));
         m_house->launch();
-        QCOMPARE(m_house->window().inputNameField()->toolTip(), QStringLiteral("Microphone"));
+        QTRY_COMPARE(m_house->window().inputNameField()->toolTip(), QStringLiteral("Microphone"));
         m_house->workspace().activate(QStringLiteral("XTerm"));
         QVERIFY(!m_house->isShown());
     }

@@ -133,8 +133,8 @@ void SoundLibraryTest::aServerThatIsStuckIsToldInTimeOnceItIsBack()
 {
     RecorderBench bench(with(path(u"missing.so"_s)));
     verifyToldWithoutIt(bench, path(u"missing.so"_s));
-    putBack(path(u"missing.so"_s));
     tellSoundServer("stall");
+    putBack(path(u"missing.so"_s));
     QElapsedTimer since;
     since.start();
     QVERIFY(bench.startRecording());

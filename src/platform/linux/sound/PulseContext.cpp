@@ -11,6 +11,9 @@ namespace {
 
 Q_LOGGING_CATEGORY(logSound, "kest.sound")
 
+// Loading libpulse would take as much from the window that is being painted meanwhile as it takes itself.
+constexpr int restMilliseconds = 50;
+
 // A server that was restarted is back within a second; one that is not there at all is asked ever more rarely.
 constexpr int firstRetryMilliseconds = 500;
 constexpr int lastRetryMilliseconds = 30'000;
@@ -36,7 +39,7 @@ PulseContext::PulseContext(QString applicationName, const QByteArray &pluginFile
             if (!std::exchange(m_askingLate, true))
                 m_askAgain->setSingleShot(lateMilliseconds);
         });
-        ensureConnected();
+        m_thread.runUnlessLoaded(restMilliseconds, [this] { ensureConnected(); });
     });
 }
 

@@ -29,7 +29,7 @@ public:
 
 /// The connection to the sound server.
 ///
-/// Connects in the background as soon as it is made, notices what the server
+/// Connects in the background soon after it is made, notices what the server
 /// announces, and connects anew after a server died. `sources` may be called
 /// from any thread and answers at once; everything else is for the PulseThread.
 class PulseContext

@@ -64,8 +64,8 @@
 namespace kest {
 
 /// The door to libpulse, which brings a dozen libraries for sound files with it.
-/// They live in a plugin that the PulseThread loads beside the start, which need
-/// not wait for them. The members are libpulse's own functions.
+/// They live in a plugin that the PulseThread loads when the window is painted.
+/// The members are libpulse's own functions.
 struct PulseFunctions {
 #define KEST_PULSE_MEMBER(name) decltype(&pa_##name) name;
     KEST_PULSE_FUNCTIONS(KEST_PULSE_MEMBER)

@@ -25,6 +25,12 @@ PulseThread::~PulseThread()
     m_pulse->mainloop_free(m_loop);
 }
 
+void PulseThread::runUnlessLoaded(int milliseconds, Task task)
+{
+    m_whenDue = std::move(task);
+    m_due.setRemainingTime(milliseconds);
+}
+
 bool PulseThread::load(QString *problem)
 {
     if (m_loop)
@@ -80,8 +86,12 @@ bool PulseThread::turn()
 {
     if (m_loop)
         return m_pulse->mainloop_iterate(m_loop, 1, nullptr) >= 0;
-    m_wakeUp.wait(-1);
+    m_wakeUp.wait(int(m_due.remainingTime()));
     runTasks();
+    if (!m_loop && m_due.hasExpired()) {
+        m_due = QDeadlineTimer(QDeadlineTimer::Forever);
+        m_whenDue();
+    }
     return true;
 }
 

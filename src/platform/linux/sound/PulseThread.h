@@ -4,6 +4,8 @@
 #include "platform/linux/sound/PulsePlugin.h"
 #include "platform/linux/sound/WakeUp.h"
 
+#include <QDeadlineTimer>
+
 #include <functional>
 #include <mutex>
 #include <thread>
@@ -38,6 +40,10 @@ public:
     /// itself.
     void setReadingInterval(int milliseconds);
 
+    /// Runs the task once, `milliseconds` from now, unless libpulse is loaded
+    /// before. On the thread itself.
+    void runUnlessLoaded(int milliseconds, Task task);
+
     /// Loads libpulse, if that has not been done; takes milliseconds. False when
     /// it cannot be had, with the reason in `problem`; may be tried again. On the
     /// thread itself.
@@ -60,6 +66,8 @@ private:
     std::vector<Task> m_tasks;
     // The thread's own:
     PluginLibrary m_library;
+    QDeadlineTimer m_due{QDeadlineTimer::Forever};
+    Task m_whenDue;
     const PulseFunctions *m_pulse = nullptr; // this and the next three: until loaded
     pa_mainloop *m_loop = nullptr;
     pa_mainloop_api *m_api = nullptr;
