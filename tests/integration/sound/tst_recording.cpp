@@ -1,10 +1,15 @@
 #include "RecorderBench.h"
 
+#include "platform/linux/sound/CaptureSession.h"
+#include "platform/linux/sound/PulseContext.h"
+#include "platform/linux/sound/PulseSound.h"
 #include "support/VirtualMicrophone.h"
 
 #include <QTest>
 
+#include <atomic>
 #include <cmath>
+#include <memory>
 
 using namespace kest;
 using namespace kest::test;
@@ -17,6 +22,7 @@ class RecordingTest : public QObject
 private Q_SLOTS:
     void fileIsAnOrdinaryAacFile();
     void fileLastsExactlyTheCapturedSamples();
+    void whoListensLateIsToldThatItHasBegun();
 };
 
 void RecordingTest::fileIsAnOrdinaryAacFile()
@@ -47,6 +53,25 @@ void RecordingTest::fileLastsExactlyTheCapturedSamples()
         QVERIFY(bench.recordFor(seconds));
         QCOMPARE(probedSamples(bench.recorder->url()), std::llround(bench.recorder->currentTime() * 44100));
     }
+}
+
+// The first samples may come between the recording's beginning and the moment in which somebody listens.
+void RecordingTest::whoListensLateIsToldThatItHasBegun()
+{
+    constexpr int patience = 15'000; // ms
+    const VirtualMicrophone microphone(sine(440, 0.5));
+    const auto context = std::make_shared<PulseContext>(QStringLiteral("Kest"), PulseSoundOptions().pulsePlugin);
+    const auto session = CaptureSession::start(context);
+    session->resume();
+    QTRY_VERIFY_WITH_TIMEOUT(session->capturedSamples() > 0, patience);
+    std::atomic<int> told = 0;
+    session->setEvents({.captureStarted = [&told] { ++told; }, .troubleOccurred = {}, .inputConditionChanged = {}});
+    QTRY_COMPARE_WITH_TIMEOUT(told.load(), 1, patience);
+    const qint64 then = session->capturedSamples();
+    QTRY_VERIFY_WITH_TIMEOUT(session->capturedSamples() > then, patience);
+    session->stop();
+    QTRY_VERIFY_WITH_TIMEOUT(session->hasEnded(), patience);
+    QCOMPARE(told.load(), 1);
 }
 
 QTEST_GUILESS_MAIN(RecordingTest)

@@ -46,6 +46,8 @@ void CaptureSession::setEvents(Events events)
 {
     post([self = shared_from_this(), events = std::move(events)] {
         self->m_events = events;
+        if (self->capturedSamples() > 0 && events.captureStarted)
+            events.captureStarted();
         if (self->m_trouble && events.troubleOccurred)
             events.troubleOccurred(self->m_trouble->first, self->m_trouble->second);
         self->m_toldCondition = InputCondition::Unknown;
