@@ -43,6 +43,7 @@ private Q_SLOTS:
 private:
     QString path(const QString &name) const { return m_folder->filePath(name); }
     void putBack(const QString &plugin) const;
+    static void verifyToldInTime(RecorderBench &bench);
     static void verifyToldWithoutIt(RecorderBench &bench, const QString &plugin);
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -67,7 +68,7 @@ void SoundLibraryTest::putBack(const QString &plugin) const
     QVERIFY(QFile::link(qEnvironmentVariable("KEST_BUILD_DIR") + u"/lib/kest-pulse.so"_s, plugin));
 }
 
-void SoundLibraryTest::verifyToldWithoutIt(RecorderBench &bench, const QString &plugin)
+void SoundLibraryTest::verifyToldInTime(RecorderBench &bench)
 {
     QElapsedTimer since;
     since.start();
@@ -75,6 +76,13 @@ void SoundLibraryTest::verifyToldWithoutIt(RecorderBench &bench, const QString &
     QTRY_COMPARE_WITH_TIMEOUT(bench.trouble->size(), 1, patience);
     QVERIFY2(since.elapsed() < toldWithinMilliseconds, QByteArray::number(since.elapsed()).constData());
     QCOMPARE(bench.trouble->first().at(0).value<RecordingTrouble>(), RecordingTrouble::NoSoundServer);
+}
+
+void SoundLibraryTest::verifyToldWithoutIt(RecorderBench &bench, const QString &plugin)
+{
+    verifyToldInTime(bench);
+    if (QTest::currentTestFailed())
+        return;
     QVERIFY2(bench.trouble->first().at(1).toString().contains(plugin), "the reason is told");
     QVERIFY(bench.waitUntilFinished());
     QVERIFY(!bench.finished->first().first().toBool());
@@ -135,12 +143,9 @@ void SoundLibraryTest::aServerThatIsStuckIsToldInTimeOnceItIsBack()
     verifyToldWithoutIt(bench, path(u"missing.so"_s));
     tellSoundServer("stall");
     putBack(path(u"missing.so"_s));
-    QElapsedTimer since;
-    since.start();
-    QVERIFY(bench.startRecording());
-    QTRY_COMPARE_WITH_TIMEOUT(bench.trouble->size(), 1, patience);
-    QVERIFY2(since.elapsed() < toldWithinMilliseconds, QByteArray::number(since.elapsed()).constData());
-    QCOMPARE(bench.trouble->first().at(0).value<RecordingTrouble>(), RecordingTrouble::NoSoundServer);
+    verifyToldInTime(bench);
+    if (QTest::currentTestFailed())
+        return;
     QVERIFY2(bench.trouble->first().at(1).toString().isEmpty(), "it was loaded");
     QVERIFY(bench.waitUntilFinished());
 }
