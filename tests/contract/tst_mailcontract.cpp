@@ -9,11 +9,13 @@
 #include "support/FakeMail.h"
 #include "support/InterfaceDescription.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>
 #include <QDBusObjectPath>
 #include <QDBusVariant>
-#include <QtTest>
+#include <QTemporaryFile>
+#include <QTest>
 
 #include <unistd.h>
 

@@ -1,7 +1,7 @@
 #include "platform/linux/mail/MailSignatures.h"
 #include "support/InterfaceDescription.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace Qt::StringLiterals;
 

@@ -3,9 +3,11 @@
 #include "app/SettingsTable.h"
 #include "ui/controls/ReadoutField.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
-#include <QtTest>
+#include <QIODevice>
+#include <QTest>
 
 namespace kest::test {
 

@@ -18,7 +18,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -4,7 +4,8 @@
 #include "gui/WindowHouse.h"
 #include "ui/controls/ControlButton.h"
 
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 using namespace kest;
 using namespace kest::test;

@@ -9,7 +9,8 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLabel>
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 using namespace kest;
 using namespace kest::test;

@@ -4,9 +4,12 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QIODevice>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QtTest>
+#include <QJsonValue>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

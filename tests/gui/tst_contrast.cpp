@@ -8,12 +8,14 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QEnterEvent>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QTest>
 #include <QTextEdit>
-#include <QtTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -3,7 +3,8 @@
 #include "ui/controls/ReadoutField.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QIODevice>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

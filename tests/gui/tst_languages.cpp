@@ -6,10 +6,12 @@
 #include "ui/WelcomeSheet.h"
 #include "ui/Wording.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTest>
 #include <QTextLayout>
-#include <QtTest>
 
 #include <cmath>
 

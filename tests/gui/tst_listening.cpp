@@ -5,7 +5,9 @@
 #include "ui/controls/WaveformView.h"
 
 #include <QAccessible>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUrl>
 
 using namespace kest;
 using namespace kest::test;

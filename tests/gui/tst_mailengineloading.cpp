@@ -2,7 +2,8 @@
 #include "gui/WindowHouse.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QIODevice>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -1,6 +1,6 @@
 #include "gui/WindowHouse.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -4,7 +4,7 @@
 #include "ui/controls/ControlButton.h"
 
 #include <QLabel>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -6,7 +6,10 @@
 #include "ui/controls/ReadoutField.h"
 
 #include <QFile>
-#include <QtTest>
+#include <QIODevice>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -3,7 +3,7 @@
 #include "ui/controls/ControlButton.h"
 
 #include <QScreen>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

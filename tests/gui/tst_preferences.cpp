@@ -13,7 +13,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

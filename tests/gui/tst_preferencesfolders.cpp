@@ -8,7 +8,10 @@
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QtTest>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
+#include <QUrl>
 
 using namespace kest;
 using namespace kest::test;

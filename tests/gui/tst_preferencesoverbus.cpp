@@ -7,7 +7,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLabel>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

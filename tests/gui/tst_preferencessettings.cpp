@@ -6,7 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QPlainTextEdit>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

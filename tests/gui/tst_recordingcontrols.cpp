@@ -5,8 +5,12 @@
 #include "ui/controls/ReadoutField.h"
 #include "ui/controls/RecordButton.h"
 
+#include <QDateTime>
 #include <QFile>
-#include <QtTest>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
 
 using namespace kest;
 using namespace kest::test;

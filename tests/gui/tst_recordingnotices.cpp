@@ -2,7 +2,7 @@
 #include "gui/WindowHouse.h"
 #include "ui/controls/ReadoutField.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -5,7 +5,8 @@
 
 #include <QDir>
 #include <QFile>
-#include <QtTest>
+#include <QTest>
+#include <QTimer>
 
 #include <stdexcept>
 

@@ -4,8 +4,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QIODevice>
 #include <QLabel>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -6,7 +6,8 @@
 
 #include <QDir>
 #include <QJsonArray>
-#include <QtTest>
+#include <QJsonObject>
+#include <QTest>
 
 #include <stdexcept>
 

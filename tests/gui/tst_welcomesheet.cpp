@@ -10,7 +10,7 @@
 #include <QAccessible>
 #include <QLabel>
 #include <QSignalSpy>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

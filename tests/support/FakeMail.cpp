@@ -5,7 +5,10 @@
 #include <QDBusMessage>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QtTest>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QProcess>
+#include <QTest>
 
 #include <csignal>
 

@@ -1,6 +1,6 @@
 #include "platform/FileURL.h"
 
-#include <QtTest>
+#include <QTest>
 
 using kest::FileURL;
 

@@ -2,8 +2,13 @@
 #include "app/SettingsTable.h"
 #include "gui/app/AppHouse.h"
 
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 using namespace kest;
 using kest::test::AppHouse;

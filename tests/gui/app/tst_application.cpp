@@ -1,8 +1,10 @@
 #include "app/Application.h"
 
+#include <QCoreApplication>
 #include <QDialog>
+#include <QRegularExpression>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 #include <csignal>
 #include <stdexcept>

@@ -1,6 +1,6 @@
 #include "gui/app/AppHouse.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using kest::test::AppHouse;

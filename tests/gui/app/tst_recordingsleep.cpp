@@ -1,6 +1,7 @@
 #include "gui/app/AppHouse.h"
 
-#include <QtTest>
+#include <QCoreApplication>
+#include <QTest>
 
 using namespace kest;
 using kest::test::AppHouse;

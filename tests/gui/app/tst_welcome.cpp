@@ -3,7 +3,8 @@
 #include "ui/WelcomeSheet.h"
 
 #include <QAbstractButton>
-#include <QtTest>
+#include <QFile>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

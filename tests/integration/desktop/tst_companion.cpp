@@ -3,7 +3,7 @@
 #include "support/X11Desktop.h"
 
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 

@@ -1,8 +1,8 @@
 #include "platform/linux/desktop/DesktopNotice.h"
 
 #include <QDBusConnection>
+#include <QTest>
 #include <QVariantMap>
-#include <QtTest>
 
 using namespace kest;
 

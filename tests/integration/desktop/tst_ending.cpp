@@ -3,8 +3,10 @@
 #include "support/X11Desktop.h"
 
 #include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 

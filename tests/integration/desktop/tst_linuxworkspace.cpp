@@ -1,8 +1,9 @@
 #include "fakes/RecordingMailTransport.h"
 #include "platform/linux/desktop/LinuxWorkspace.h"
 
+#include <QCoreApplication>
+#include <QTest>
 #include <QWindow>
-#include <QtTest>
 
 using namespace kest;
 using kest::test::RecordingMailTransport;

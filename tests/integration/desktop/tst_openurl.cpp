@@ -1,7 +1,10 @@
 #include "fakes/RecordingMailTransport.h"
 #include "platform/linux/desktop/LinuxWorkspace.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
 
 using namespace kest;
 

@@ -5,7 +5,8 @@
 #include <QDBusMessage>
 #include <QDBusPendingCall>
 #include <QElapsedTimer>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 
 using namespace kest;

@@ -2,10 +2,13 @@
 
 #include "support/FakeLogind.h"
 
+#include <QCoreApplication>
 #include <QDBusObjectPath>
 #include <QDBusPendingCall>
+#include <QFile>
+#include <QMessageLogContext>
+#include <QTest>
 #include <QVariantMap>
-#include <QtTest>
 
 using namespace kest;
 using namespace kest::test;

@@ -5,7 +5,8 @@
 
 #include <QDir>
 #include <QProcess>
-#include <QtTest>
+#include <QProcessEnvironment>
+#include <QTest>
 
 #include <csignal>
 

@@ -4,8 +4,8 @@
 #include "platform/linux/desktop/UnfocusedShowing.h"
 
 #include <QGuiApplication>
+#include <QTest>
 #include <QWindow>
-#include <QtTest>
 
 #include <xcb/xcb.h>
 

@@ -1,6 +1,10 @@
 #include "platform/linux/desktop/PosixFolderContents.h"
 
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QIODevice>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <cerrno>
 #include <cstddef>

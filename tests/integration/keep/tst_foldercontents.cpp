@@ -1,7 +1,10 @@
 #include "FileProbes.h"
 #include "platform/linux/desktop/PosixFolderContents.h"
 
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <algorithm>
 #include <fcntl.h>

@@ -1,6 +1,9 @@
 #include "TrashScene.h"
 
-#include <QtTest>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QTest>
 
 #include <cstdio>
 

@@ -1,7 +1,10 @@
 #include "TrashScene.h"
 #include "support/PrivateMounts.h"
 
-#include <QtTest>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::testing;

@@ -5,7 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QTest>
 
 #include <stdexcept>
 

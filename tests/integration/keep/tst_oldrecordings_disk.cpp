@@ -7,8 +7,12 @@
 #include "platform/linux/desktop/PosixFolderContents.h"
 #include "support/PrivateMounts.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
-#include <QtTest>
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::testing;

@@ -7,8 +7,11 @@
 #include <QDBusReply>
 #include <QDir>
 #include <QFile>
+#include <QFileDevice>
+#include <QFileInfo>
+#include <QIODevice>
 #include <QStandardPaths>
-#include <QtTest>
+#include <QTest>
 
 #include <csignal>
 

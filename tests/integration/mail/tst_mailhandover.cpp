@@ -4,7 +4,10 @@
 
 #include <QCryptographicHash>
 #include <QJsonArray>
-#include <QtTest>
+#include <QJsonValue>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
 
 #include <sys/stat.h>
 

@@ -3,7 +3,10 @@
 #include "platform/linux/mail/MailErrors.h"
 #include "support/FakeMail.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

@@ -4,7 +4,11 @@
 #include "platform/linux/mail/MailErrors.h"
 #include "support/FakeMail.h"
 
-#include <QtTest>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QIODevice>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <csignal>
 #include <fcntl.h>

@@ -2,8 +2,12 @@
 #include "platform/linux/mail/MailErrors.h"
 #include "support/FakeMail.h"
 
+#include <QCoreApplication>
 #include <QDBusConnectionInterface>
-#include <QtTest>
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+#include <QTimer>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

@@ -1,7 +1,8 @@
 #include "platform/linux/mail/DBusMailTransport.h"
 #include "platform/linux/mail/MailErrors.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

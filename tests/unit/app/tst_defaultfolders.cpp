@@ -4,7 +4,12 @@
 #include "app/UserDefaults.h"
 #include "platform/linux/desktop/LinuxBookmarkStore.h"
 
-#include <QtTest>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <filesystem>
 

@@ -3,7 +3,10 @@
 #include "app/UserDefaults.h"
 #include "platform/BookmarkStore.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QMessageLogContext>
+#include <QTemporaryDir>
+#include <QTest>
 
 using namespace kest;
 

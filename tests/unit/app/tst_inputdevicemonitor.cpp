@@ -2,8 +2,10 @@
 #include "fakes/FakeAudioHardware.h"
 #include "fakes/FakeInputNameField.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTest>
 #include <QTimer>
-#include <QtTest>
 
 #include <stdexcept>
 

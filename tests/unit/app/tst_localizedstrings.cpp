@@ -1,6 +1,6 @@
 #include "app/LocalizedStrings.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 

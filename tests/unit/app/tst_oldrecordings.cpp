@@ -5,8 +5,10 @@
 #include "platform/BookmarkStore.h"
 #include "platform/Trash.h"
 
+#include <QFile>
 #include <QRegularExpression>
-#include <QtTest>
+#include <QTemporaryDir>
+#include <QTest>
 
 using namespace kest;
 using namespace std::chrono_literals;

@@ -1,6 +1,6 @@
 #include "app/SettingsFormat.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 

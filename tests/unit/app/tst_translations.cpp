@@ -1,8 +1,9 @@
 #include "app/Translations.h"
 
+#include <QCoreApplication>
 #include <QGuiApplication>
+#include <QTest>
 #include <QTranslator>
-#include <QtTest>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

@@ -2,7 +2,10 @@
 #include "app/UserDefaults.h"
 #include "unit/app/SettingsScene.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 

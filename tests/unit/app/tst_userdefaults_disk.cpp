@@ -3,9 +3,14 @@
 #include "support/PrivateMounts.h"
 #include "unit/app/SettingsScene.h"
 
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QRandomGenerator>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <csignal>
 #include <sys/stat.h>

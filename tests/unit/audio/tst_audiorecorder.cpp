@@ -2,7 +2,9 @@
 #include "fakes/FakeAudioFileRecorder.h"
 #include "fakes/FakeClock.h"
 
-#include <QtTest>
+#include <QDateTime>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 using namespace kest::test;

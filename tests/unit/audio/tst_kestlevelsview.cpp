@@ -1,7 +1,8 @@
 #include "audio/KestLevelsView.h"
 
 #include <QImage>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using kest::KestLevelsView;
 

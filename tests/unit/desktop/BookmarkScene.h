@@ -4,7 +4,7 @@
 
 #include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <ctime>
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 #include "platform/BoundedLookUps.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <semaphore>
 

@@ -1,8 +1,10 @@
 #include "platform/linux/desktop/ColorSchemeWatch.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 

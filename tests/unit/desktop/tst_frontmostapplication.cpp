@@ -1,7 +1,8 @@
 #include "platform/Workspace.h"
 #include "platform/linux/desktop/FrontmostApplication.h"
 
-#include <QtTest>
+#include <QElapsedTimer>
+#include <QTest>
 
 using namespace kest;
 using Owner = FrontmostApplication::Owner;

@@ -1,7 +1,8 @@
 #include "platform/linux/desktop/LinuxProcessInfo.h"
 #include "platform/linux/desktop/SystemClock.h"
 
-#include <QtTest>
+#include <QDateTime>
+#include <QTest>
 
 #include <ctime>
 

@@ -2,7 +2,10 @@
 #include "unit/mail/MailBackEndTest.h"
 
 #include <QJsonArray>
-#include <QtTest>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QRegularExpression>
+#include <QTest>
 
 using kest::ASMail;
 using kest::FileURL;

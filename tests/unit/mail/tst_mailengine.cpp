@@ -1,7 +1,10 @@
 #include "mail/ASMail.h"
 #include "unit/mail/MailBackEndTest.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QRegularExpression>
+#include <QTest>
 
 using kest::ASMail;
 using kest::FileURL;

@@ -2,7 +2,8 @@
 #include "unit/mail/MailBackEndTest.h"
 
 #include <QJsonArray>
-#include <QtTest>
+#include <QJsonObject>
+#include <QTest>
 
 #include <stdexcept>
 

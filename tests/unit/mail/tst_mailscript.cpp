@@ -3,7 +3,11 @@
 #include "mail/MailScript.h"
 #include "platform/linux/mail/DBusMailTransport.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
 
 #include <sys/stat.h>
 #include <unistd.h>

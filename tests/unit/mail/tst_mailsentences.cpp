@@ -2,8 +2,9 @@
 #include "platform/linux/mail/MailErrors.h"
 
 #include <QDBusMessage>
+#include <QElapsedTimer>
+#include <QTest>
 #include <QTranslator>
-#include <QtTest>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

@@ -1,6 +1,9 @@
 #include "mail/MessageDraft.h"
 
-#include <QtTest>
+#include <QFile>
+#include <QIODevice>
+#include <QTemporaryDir>
+#include <QTest>
 
 using kest::Error;
 using kest::FileURL;

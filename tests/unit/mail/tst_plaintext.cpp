@@ -3,8 +3,10 @@
 #include "support/PrivateMounts.h"
 #include "unit/mail/MailTestFiles.h"
 
+#include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 #include <sys/stat.h>
 #include <unistd.h>

@@ -4,7 +4,8 @@
 #include "unit/mail/MailTestFiles.h"
 
 #include <QJsonArray>
-#include <QtTest>
+#include <QJsonObject>
+#include <QTest>
 
 #include <stdexcept>
 

@@ -1,7 +1,7 @@
 #include "platform/linux/sound/PlaybackBuffer.h"
 #include "platform/linux/sound/WaveformScan.h"
 
-#include <QtTest>
+#include <QTest>
 
 #include <thread>
 

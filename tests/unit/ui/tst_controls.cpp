@@ -8,8 +8,8 @@
 
 #include <QAccessible>
 #include <QPainter>
+#include <QTest>
 #include <QVBoxLayout>
-#include <QtTest>
 
 using namespace kest;
 

@@ -3,13 +3,15 @@
 #include "ui/Bindings.h"
 #include "ui/controls/ReadoutField.h"
 
+#include <QEvent>
 #include <QHelpEvent>
 #include <QLabel>
 #include <QMessageBox>
+#include <QTemporaryDir>
+#include <QTest>
 #include <QTextDocument>
 #include <QTimer>
 #include <QToolTip>
-#include <QtTest>
 
 using namespace kest;
 

@@ -1,6 +1,7 @@
 #include "ui/NoticePlace.h"
 
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using kest::NoticePlace;
 using Subject = kest::NoticePlace::Subject;

@@ -1,6 +1,6 @@
 #include "ui/PlaybackWording.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 

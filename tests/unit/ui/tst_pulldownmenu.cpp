@@ -4,9 +4,12 @@
 #include "ui/controls/PullDownItems.h"
 
 #include <QAccessible>
+#include <QCoreApplication>
+#include <QLatin1Char>
 #include <QListView>
 #include <QScreen>
-#include <QtTest>
+#include <QSignalSpy>
+#include <QTest>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

@@ -1,6 +1,6 @@
 #include "ui/RecordingName.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 using namespace Qt::StringLiterals;

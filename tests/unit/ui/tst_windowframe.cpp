@@ -1,6 +1,6 @@
 #include "ui/WindowFrame.h"
 
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 

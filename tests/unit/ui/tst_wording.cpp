@@ -1,9 +1,11 @@
 #include "ui/Wording.h"
 
+#include <QDateTime>
 #include <QFile>
+#include <QIODevice>
 #include <QLocale>
 #include <QTemporaryDir>
-#include <QtTest>
+#include <QTest>
 
 using namespace kest;
 
