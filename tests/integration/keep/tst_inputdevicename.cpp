@@ -24,7 +24,7 @@ class TestInputDeviceName : public QObject
     Q_OBJECT
 
     const QString m_microphone = u"kest_microphone"_qs;
-    PulseSound m_sound = makePulseSound();
+    PulseSound m_sound; // there once QtTest has set the environment, which libpulse reads on its thread
     FakeInputNameField m_field;
     std::unique_ptr<InputDeviceMonitor> m_monitor;
 
@@ -55,6 +55,8 @@ class TestInputDeviceName : public QObject
     }
 
 private Q_SLOTS:
+    void initTestCase() { m_sound = makePulseSound(); }
+
     void init()
     {
         m_field = FakeInputNameField();

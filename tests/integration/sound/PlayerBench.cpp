@@ -35,6 +35,14 @@ void waitForOutputOf(const QStringList &arguments, const QString &name)
 
 } // namespace
 
+void makeNoise(const FileURL &file, double seconds)
+{
+    // Without the codec's substitution of noise, which every decoding makes anew.
+    outputOf(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-y"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
+                           u"anoisesrc=d=%1:a=0.3:r=44100:seed=7"_s.arg(seconds), u"-ac"_s, u"1"_s, u"-c:a"_s,
+                           u"aac"_s, u"-aac_pns"_s, u"0"_s, u"-b:a"_s, u"72k"_s, file.path()});
+}
+
 VirtualOutput::VirtualOutput(const QString &name)
     : m_name(name)
 {
@@ -120,11 +128,8 @@ PlayerBench::PlayerBench(const PulseSoundOptions &options)
 
 FileURL PlayerBench::noise(double seconds, const QString &name) const
 {
-    // Without the codec's substitution of noise, which every decoding makes anew.
     const FileURL file = path(name);
-    outputOf(u"ffmpeg"_s, {u"-v"_s, u"error"_s, u"-y"_s, u"-f"_s, u"lavfi"_s, u"-i"_s,
-                           u"anoisesrc=d=%1:a=0.3:r=44100:seed=7"_s.arg(seconds), u"-ac"_s, u"1"_s, u"-c:a"_s,
-                           u"aac"_s, u"-aac_pns"_s, u"0"_s, u"-b:a"_s, u"72k"_s, file.path()});
+    makeNoise(file, seconds);
     return file;
 }
 

@@ -12,6 +12,10 @@
 
 namespace kest::test {
 
+/// Makes a recording of `seconds` of noise, so that every place in it can be
+/// told from every other.
+void makeNoise(const FileURL &file, double seconds);
+
 /// An output that nobody hears, on the private sound server, and a recorder of
 /// what is played on it. The first one becomes the default.
 class VirtualOutput
@@ -52,8 +56,7 @@ class PlayerBench
 public:
     explicit PlayerBench(const PulseSoundOptions &options = {});
 
-    /// Makes a recording of `seconds` of noise, so that every place in it can
-    /// be told from every other.
+    /// Such a recording in `folder`.
     FileURL noise(double seconds, const QString &name = QStringLiteral("noise.m4a")) const;
 
     FileURL path(const QString &name) const { return FileURL::fromPath(folder.filePath(name)); }
