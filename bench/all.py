@@ -20,15 +20,15 @@ top = Path(__file__).resolve().parent.parent
 page = top / "docs/benchmarks.md"
 
 PARTS = {
-    "start": ("From the start to the window", []),
-    "beside": ("A recording beside other programs", ["--runs", "3", "--seconds", "30"]),
-    "recording": ("The recorder alone", []),
-    "speech": ("What speech becomes", []),
-    "finishing": ("From Stop to the finished file", []),
-    "compose": ("From the click to the compose window", []),
-    "menu": ("The menu of prepared messages", []),
-    "quit": ("Quitting with old recordings to clear away", []),
-    "idle": ("At rest", []),
+    "start": "From the start to the window",
+    "beside": "A recording beside other programs",
+    "recording": "The recorder alone",
+    "speech": "What speech becomes",
+    "finishing": "From Stop to the finished file",
+    "compose": "From the click to the compose window",
+    "menu": "The menu of prepared messages",
+    "quit": "Quitting with old recordings to clear away",
+    "idle": "At rest",
 }
 
 INTRODUCTION = """# Measured
@@ -72,11 +72,11 @@ def main():
     if unknown:
         sys.exit(f"{unknown[0]}: there are {', '.join(PARTS)}\n{__doc__}")
     parts = old_parts()
-    for name, (heading, arguments) in PARTS.items():
+    for name, heading in PARTS.items():
         if name in names:
-            parts[heading] = measured(name, others or arguments)
-            headings = [heading for heading, _ in PARTS.values() if heading in parts]
-            page.write_text(INTRODUCTION + "".join(f"\n## {heading}\n\n{parts[heading]}" for heading in headings))
+            parts[heading] = measured(name, others)
+            there = [each for each in PARTS.values() if each in parts]
+            page.write_text(INTRODUCTION + "".join(f"\n## {each}\n\n{parts[each]}" for each in there))
 
 
 if __name__ == "__main__":

@@ -64,7 +64,7 @@ def gio_trash(sandbox, count):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--runs", type=int, default=3)
+    parser.add_argument("--runs", type=int, default=5)
     parser.add_argument("--program", default=str(top / "build/release/bin/kest"))
     parser.add_argument("--at", default="/var/tmp")
     options = parser.parse_args()
