@@ -15,22 +15,38 @@ namespace kest {
 
 namespace {
 
-constexpr char platformVariable[] = "QT_QPA_PLATFORM";
-bool preferenceIsOurs = false;
+/// Read once by Qt, in the environment. What the person set there stands.
+struct X11Setting
+{
+    const char *name;
+    const char *value;
+    bool ours = false;
+};
+
+X11Setting x11Settings[] = {
+    {"QT_QPA_PLATFORM", "xcb;wayland"},
+    // With shared memory, each picture waits for the display server to be done with the one before. For the level meter, ten
+    // times a second, that costs more than sending its few pixels.
+    {"QT_XCB_NO_MITSHM", "1"},
+};
 
 } // namespace
 
 void preferX11()
 {
-    preferenceIsOurs = !qEnvironmentVariableIsSet(platformVariable) && qEnvironmentVariableIsSet("DISPLAY");
-    if (preferenceIsOurs)
-        qputenv(platformVariable, "xcb;wayland");
+    for (X11Setting &setting : x11Settings) {
+        setting.ours = qEnvironmentVariableIsSet("DISPLAY") && !qEnvironmentVariableIsSet(setting.name);
+        if (setting.ours)
+            qputenv(setting.name, setting.value);
+    }
 }
 
 void forgetX11Preference()
 {
-    if (preferenceIsOurs)
-        qunsetenv(platformVariable);
+    for (const X11Setting &setting : x11Settings) {
+        if (setting.ours)
+            qunsetenv(setting.name);
+    }
 }
 
 Platform makeLinuxPlatform()

@@ -5,7 +5,8 @@
 namespace kest {
 
 /// To be called before the application object is made: prefers X11 (or
-/// Xwayland) to Wayland, where both are there and the person did not choose.
+/// Xwayland) to Wayland, where both are there and the person did not choose, and
+/// has pictures sent to it rather than shared with it.
 void preferX11();
 
 /// To be called right after the application object was made: what the programs
