@@ -71,8 +71,10 @@ export function adopt(message, tab) {
   shown(tab.windowId);
 }
 
+/** With the attachments: adding them to a window that is there takes Thunderbird's queue once more for each. */
 async function begin(message) {
-  const fields = { subject: message.subject };
+  const attachments = message.attachments.map(({ name, file }) => ({ name, file }));
+  const fields = { subject: message.subject, attachments };
   for (const kind of ["to", "cc", "bcc"]) {
     // An empty list would take out whom the account itself writes to with every new message.
     if (message.answers || message[kind].length > 0) {
@@ -119,12 +121,24 @@ async function fill(message) {
   return added && writeAbove(message, added);
 }
 
+/** Notes what Thunderbird calls the attachments that a window was opened with. Another add-on may have added its own. */
+async function noteAttachments(message) {
+  const there = await messenger.compose.listAttachments(message.tabId);
+  for (const added of message.attachments) {
+    const place = there.findIndex(each => each.name === added.name);
+    added.id = there.splice(place < 0 ? 0 : place, 1)[0]?.id;
+    delete added.file;
+  }
+}
+
 /** Opens the window of a message that was hidden until now, with all that it holds. */
 export async function open(message) {
   adopt(message, await begin(message));
   await fill(message);
-  for (const added of message.attachments) {
-    await addToWindow(message, added, added.file);
+  if (message.attachments.length > 0) {
+    await noteAttachments(message);
+    // Thunderbird asks before it closes a window that something was added to, but not where it opened with it.
+    await messenger.compose.setComposeDetails(message.tabId, { isModified: true });
   }
 }
 

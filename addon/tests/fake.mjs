@@ -32,6 +32,15 @@ export function useMessenger(parts) {
   return globalThis.messenger;
 }
 
+/** Where only plain text is written: a parser of HTML that finds nothing in it. */
+export function useEmptyHtml() {
+  globalThis.DOMParser = class {
+    parseFromString() {
+      return { querySelector: () => null };
+    }
+  };
+}
+
 function parse(text) {
   return text.split(",").filter(Boolean).map(part => {
     const match = /^\s*(?:(.*?)\s*<([^>]*)>|(\S+))\s*$/.exec(part);

@@ -10,7 +10,7 @@ sys.path.insert(0, str(Path(os.environ["KEST_SOURCE_DIR"]) / "tests" / "support"
 from services.base import Sandbox, repeat_until, wait_until  # noqa: E402,F401
 from services.bus import SessionBus  # noqa: E402
 from services.display import Display  # noqa: E402
-from services.mailbus import MailBus, error_of  # noqa: E402,F401
+from services.mailbus import END, MailBus, error_of  # noqa: E402,F401
 from services.mailserver import MailServer, message, text_of  # noqa: E402,F401
 from services.thunderbird import Thunderbird  # noqa: E402
 

@@ -6,7 +6,7 @@ import xml.etree.ElementTree as ElementTree
 
 import dbus
 
-from mail_case import MailCase, repeat_until, text_of, wait_until
+from mail_case import END, MailCase, repeat_until, text_of, wait_until
 
 APPLICATION = "/org/kest/Mail1"
 
@@ -169,19 +169,28 @@ class Vocabulary(MailCase):
         wait_until(lambda: not self.thunderbird.windows("Write: Closed by hand"), "the window to close")
         self.assertFails("NoSuchObject", self.bus.get, message, "Subject")
 
+    def test_a_window_with_nothing_but_an_attachment_is_not_closed_without_a_question(self):
+        message = self.bus.make("Only a voice")
+        self.bus.attach(message, "a.m4a", b"12345")
+        self.bus.set(message, "Visible", True)
+        repeat_until(lambda: self.thunderbird.press("Write: Only a voice", "ctrl+w"),
+                     lambda: self.thunderbird.windows("Save Message"), "the question")
+        self.thunderbird.press_until_gone("Save Message", "alt+d")
+        wait_until(lambda: not self.thunderbird.windows("Write: Only a voice"), "the window to close")
+
     def test_attachments_at_one_index_stand_in_reverse_order(self):
-        for visible_first in (False, True):
-            message = self.bus.make(f"Order {visible_first}", "0123456789")
-            self.bus.set(message, "Visible", visible_first)
-            for name in ("one", "two", "three"):
-                self.bus.attach(message, f"{name}.txt", name.encode(), 4)
-            self.bus.attach(message, "last.txt", b"last")
-            self.bus.attach(message, "first.txt", b"first", 0)
+        attached = [("one", 4), ("two", 4), ("three", 4), ("last", END), ("first", 0)]
+        for hidden in range(0, len(attached) + 1):
+            message = self.bus.make(f"Order {hidden}", "0123456789")
+            for number, (name, index) in enumerate(attached):
+                if number == hidden:
+                    self.bus.set(message, "Visible", True)
+                self.bus.attach(message, f"{name}.txt", name.encode(), index)
             self.bus.call("AddRecipient", "to", "", "ben@example.test", path=message)
             self.bus.call("Send", path=message)
             mail = self.mail.wait_sent()[-1]
-            self.assertEqual([part.get_filename() for part in mail.iter_attachments()],
-                             ["first.txt", "three.txt", "two.txt", "one.txt", "last.txt"])
+            self.assertEqual([(part.get_filename(), part.get_content()) for part in mail.iter_attachments()],
+                             [(f"{name}.txt", name) for name in ("first", "three", "two", "one", "last")])
 
     def test_the_account_by_name_gives_the_sender_of_a_new_message(self):
         message = self.bus.new_message("By account", "Text", account="Club")

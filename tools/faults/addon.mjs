@@ -5,13 +5,9 @@
 
 import { spawn } from "node:child_process";
 
-import { event, useMessenger } from "../../addon/tests/fake.mjs";
+import { event, useEmptyHtml, useMessenger } from "../../addon/tests/fake.mjs";
 
-globalThis.DOMParser = class {
-  parseFromString() {
-    return { querySelector: () => null };
-  }
-};
+useEmptyHtml();
 
 /** The pipes of a host as the browser's port: each message behind its length in 32 bits. */
 function startHost(path) {
@@ -38,6 +34,7 @@ function startHost(path) {
 }
 
 let lastTab = 0;
+let listed = [];
 useMessenger({
   runtime: {
     onStartup: event(), onInstalled: event(), connectNative: () => startHost(process.argv[2]),
@@ -45,13 +42,16 @@ useMessenger({
   },
   windows: { getLastFocused: async () => null, getAll: async () => [], update: async () => {} },
   compose: {
-    beginNew: async () => ({ id: ++lastTab, windowId: lastTab }),
+    beginNew: async ({ attachments }) => {
+      for (const { file, name } of attachments) {
+        console.log(JSON.stringify({ name, text: await file.text() }));
+      }
+      listed = attachments.map(({ name }) => ({ id: ++lastTab, name }));
+      return { id: ++lastTab, windowId: lastTab };
+    },
+    listAttachments: async () => listed,
     getComposeDetails: async () => ({ isPlainText: true, plainTextBody: "", body: "" }),
     setComposeDetails: async () => {},
-    addAttachment: async (_tab, { file, name }) => {
-      console.log(JSON.stringify({ name, text: await file.text() }));
-      return { id: ++lastTab };
-    },
   },
 });
 await import("../../addon/background.js");
