@@ -2,7 +2,7 @@
 
 import unittest
 
-from mail_case import MailCase, message, text_of, wait_until
+from mail_case import MailCase, message, repeat_until, text_of, wait_until
 
 AUDIO = b"\0voice" * 1000
 BEN = "Ben Ford <ben@example.test>"
@@ -101,6 +101,15 @@ class Replies(MailCase):
         self.assertTrue(mail["in-reply-to"])
         self.assertRegex(text_of(mail), r"^My answer\n(.*\n)*> Hi")
         self.assertEqual(text_of(mail).count("Lark & Sons"), 1)
+
+    def test_a_reply_with_nothing_but_an_attachment_is_not_closed_without_a_question(self):
+        reply = str(self.bus.call("Reply", False, False, path=self.inbox["5"], signature="bb"))
+        self.bus.attach(reply, "voice.m4a", AUDIO)
+        self.bus.set(reply, "Visible", True)
+        repeat_until(lambda: self.thunderbird.press("Write: Re: 5 to keep", "ctrl+w"),
+                     lambda: self.thunderbird.windows("Save Message"), "the question")
+        self.thunderbird.press_until_gone("Save Message", "alt+d")
+        wait_until(lambda: not self.thunderbird.windows("Write: Re: 5 to keep"), "the window to close")
 
     def test_a_reply_with_its_window_is_visible(self):
         reply = str(self.bus.call("Reply", True, False, path=self.inbox["3"], signature="bb"))

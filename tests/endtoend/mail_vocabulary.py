@@ -169,15 +169,6 @@ class Vocabulary(MailCase):
         wait_until(lambda: not self.thunderbird.windows("Write: Closed by hand"), "the window to close")
         self.assertFails("NoSuchObject", self.bus.get, message, "Subject")
 
-    def test_a_window_with_nothing_but_an_attachment_is_not_closed_without_a_question(self):
-        message = self.bus.make("Only a voice")
-        self.bus.attach(message, "a.m4a", b"12345")
-        self.bus.set(message, "Visible", True)
-        repeat_until(lambda: self.thunderbird.press("Write: Only a voice", "ctrl+w"),
-                     lambda: self.thunderbird.windows("Save Message"), "the question")
-        self.thunderbird.press_until_gone("Save Message", "alt+d")
-        wait_until(lambda: not self.thunderbird.windows("Write: Only a voice"), "the window to close")
-
     def test_attachments_at_one_index_stand_in_reverse_order(self):
         attached = [("one", 4), ("two", 4), ("three", 4), ("last", END), ("first", 0)]
         for hidden in range(0, len(attached) + 1):
