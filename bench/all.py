@@ -3,7 +3,7 @@
 
     bench/all.py [NAME...] [-- ARGUMENTS]
 
-All of them take about an hour; with names ("start"), only those are renewed, with other arguments than usual if told.
+All of them take an hour and a quarter; with names ("start"), only those are renewed, with other arguments than usual if told.
 
 Each is a program of its own in this folder and says there what it measures and how. Nothing else should run meanwhile.
 """

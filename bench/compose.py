@@ -168,7 +168,7 @@ def build():
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--runs", type=int, default=5)
+    parser.add_argument("--runs", type=int, default=15)
     parser.add_argument("--build", type=Path)
     options = parser.parse_args()
     options.build = options.build or build()

@@ -55,7 +55,7 @@ def build():
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--runs", type=int, default=7)
+    parser.add_argument("--runs", type=int, default=16)
     runs = parser.parse_args().runs
     build()
     programs = {"Kest": [str(top / "build/release/bin/kest")],
