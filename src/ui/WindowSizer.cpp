@@ -42,9 +42,9 @@ QRect WindowSizer::geometryOf(const WindowFrame &frame) const
     scaled.height *= m_verticalScale;
     const QRect area = screenArea();
     QRect geometry = geometryFromFrame(scaled, area);
-    // Large text may want more than the screen has above the place where the window begins.
+    // A low screen, or large text, may have less above the place where the window begins than it wants.
     const int highest = area.top() + m_window->style()->pixelMetric(QStyle::PM_TitleBarHeight);
-    if (m_verticalScale > 1.0 && geometry.top() < highest)
+    if (geometry.top() < highest)
         geometry.moveTop(highest);
     return geometry;
 }

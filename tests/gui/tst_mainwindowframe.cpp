@@ -75,6 +75,16 @@ private Q_SLOTS:
         QTRY_COMPARE(window().geometry().topLeft(), QPoint(left + 180, bottomOfScreen() - 340 - 321));
     }
 
+    // As on a screen that is lower than the layout's place wants.
+    void doesNotReachBeyondTheScreensTopEdge()
+    {
+        m_house->openAndShow();
+        window().move(window().x(), -window().height());
+        m_house->click(showMore);
+        QTRY_COMPARE(window().height(), 321);
+        QVERIFY(window().geometry().top() > window().screen()->availableGeometry().top());
+    }
+
     void growsAndShrinksAtItsBottomEdge()
     {
         m_house->openAndShow();
