@@ -2,6 +2,7 @@
 
 import { formatMailbox } from "./addresses.js";
 import { plainFile } from "./attachments.js";
+import { MailError } from "./errors.js";
 import { asHtml, findSignature, insertAtBodyStart, replaceBody, unflow, withoutSignature } from "./text.js";
 import { shown } from "./windows.js";
 
@@ -126,7 +127,11 @@ async function noteAttachments(message) {
   const there = await messenger.compose.listAttachments(message.tabId);
   for (const added of message.attachments) {
     const place = there.findIndex(each => each.name === added.name);
-    added.id = there.splice(place < 0 ? 0 : place, 1)[0]?.id;
+    const [found] = there.splice(Math.max(place, 0), 1);
+    if (!found) {
+      throw new MailError("Failed", `Thunderbird did not attach “${added.name}”.`);
+    }
+    added.id = found.id;
     delete added.file;
   }
 }

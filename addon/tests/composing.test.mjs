@@ -40,6 +40,11 @@ test("an attachment under another name is the first that is left", async () => {
   assert.equal(message.attachments[0].id, 5);
 });
 
+test("an attachment that the window does not have is told of", async () => {
+  const message = make({ attachments: [{ name: "a.m4a", file: new File([], "attachment.m4a"), offset: 0 }] });
+  await assert.rejects(opened(message, []), { name: "Failed", message: /a\.m4a/ });
+});
+
 test("a window without attachments is opened as Thunderbird leaves it", async () => {
   const { fields, told } = await opened(make({ content: "Text" }), []);
   assert.deepEqual(fields.attachments, []);

@@ -629,6 +629,10 @@ If you like, see first that all is ready.</source>
         <translation>لم يصل «%1» كاملاً.</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>لم يُرفق Thunderbird الملف «%1».</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>لا يوجد في Thunderbird حساب يمكنه إرسال البريد.</translation>
     </message>

@@ -629,6 +629,10 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <translation>„%1“ ist nicht vollständig angekommen.</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>Thunderbird hat „%1“ nicht angehängt.</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>Thunderbird hat kein Konto, das senden kann.</translation>
     </message>

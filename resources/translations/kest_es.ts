@@ -629,6 +629,10 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <translation>«%1» no ha llegado completo.</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>Thunderbird no ha adjuntado «%1».</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>Thunderbird no tiene ninguna cuenta que pueda enviar correo.</translation>
     </message>

@@ -629,6 +629,10 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <translation>« %1 » n’est pas arrivé en entier.</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>Thunderbird n’a pas joint « %1 ».</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>Thunderbird n’a aucun compte qui puisse envoyer du courrier.</translation>
     </message>

@@ -629,6 +629,10 @@ If you like, see first that all is ready.</source>
         <translation>「%1」は最後まで届きませんでした。</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>Thunderbird は「%1」を添付しませんでした。</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>Thunderbird に送信できるアカウントがありません。</translation>
     </message>

@@ -629,6 +629,10 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <translation>“%1” não chegou por inteiro.</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>O Thunderbird não anexou “%1”.</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>O Thunderbird não tem nenhuma conta que possa enviar e-mails.</translation>
     </message>

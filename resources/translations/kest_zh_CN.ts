@@ -629,6 +629,10 @@ If you like, see first that all is ready.</source>
         <translation>“%1”未能完整送达。</translation>
     </message>
     <message>
+        <source>Thunderbird did not attach “%1”.</source>
+        <translation>Thunderbird 未附加“%1”。</translation>
+    </message>
+    <message>
         <source>Thunderbird has no account that can send mail.</source>
         <translation>Thunderbird 中没有可以发送邮件的账户。</translation>
     </message>

@@ -10,6 +10,7 @@ namespace {
 constexpr const char *sentences[] = {
     // The add-on's.
     QT_TRANSLATE_NOOP("kest", "“%1” did not arrive whole."),
+    QT_TRANSLATE_NOOP("kest", "Thunderbird did not attach “%1”."),
     QT_TRANSLATE_NOOP("kest", "Thunderbird has no account that can send mail."),
     QT_TRANSLATE_NOOP("kest", "The message was closed before it was sent."),
     QT_TRANSLATE_NOOP("kest", "The message has no recipient."),
