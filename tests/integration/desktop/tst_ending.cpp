@@ -8,9 +8,12 @@
 #include <QProcess>
 #include <QTest>
 
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 using kest::testing::X11Desktop;
+using namespace std::chrono_literals;
 
 class TestEnding : public QObject
 {
@@ -21,11 +24,16 @@ class TestEnding : public QObject
 
     static QString recordings() { return QDir::homePath() + QStringLiteral("/Music/Kest"); }
 
-    void start()
+    void launch()
     {
         m_kest = std::make_unique<QProcess>();
         m_kest->setProcessChannelMode(QProcess::ForwardedChannels);
         m_kest->start(qEnvironmentVariable("KEST_BUILD_DIR") + QStringLiteral("/bin/kest"), QStringList());
+    }
+
+    void start()
+    {
+        launch();
         QTRY_VERIFY_WITH_TIMEOUT(m_desktop.findWindow("Kest") && m_desktop.activeWindow() == m_desktop.findWindow("Kest"),
                                  10000);
     }
@@ -101,6 +109,21 @@ private Q_SLOTS:
         QCOMPARE(kest.exitCode(), 1);
         QVERIFY(kest.readAllStandardError().contains("Error creating ~/Music/Kest : "));
         QVERIFY(inTheWay.remove());
+    }
+
+    void anEndSoonAfterTheStartIsInOrder()
+    {
+        // Around the moment in which the sound server is first spoken to.
+        for (auto wait = 0us; wait < 40ms; wait += 500us) {
+            launch();
+            for (const QDeadlineTimer limit(10s); !m_desktop.isViewable(m_desktop.findWindow("Kest"));
+                 std::this_thread::sleep_for(1ms))
+                QVERIFY(!limit.hasExpired());
+            std::this_thread::sleep_for(wait);
+            end(SIGTERM);
+            QCOMPARE(m_kest->exitStatus(), QProcess::NormalExit);
+            QCOMPARE(m_kest->exitCode(), 0);
+        }
     }
 
     void aStartAndAnEndLeaveNoSettingsAndBothFolders()

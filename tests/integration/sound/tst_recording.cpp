@@ -23,6 +23,7 @@ private Q_SLOTS:
     void fileIsAnOrdinaryAacFile();
     void fileLastsExactlyTheCapturedSamples();
     void whoListensLateIsToldThatItHasBegun();
+    void anEndWhenItWasAboutToConnectIsInOrder();
 };
 
 void RecordingTest::fileIsAnOrdinaryAacFile()
@@ -72,6 +73,21 @@ void RecordingTest::whoListensLateIsToldThatItHasBegun()
     session->stop();
     QTRY_VERIFY_WITH_TIMEOUT(session->hasEnded(), patience);
     QCOMPARE(told.load(), 1);
+}
+
+void RecordingTest::anEndWhenItWasAboutToConnectIsInOrder()
+{
+    auto context = std::make_unique<PulseContext>(QStringLiteral("Kest"), PulseSoundOptions().pulsePlugin);
+    PulseThread &thread = context->thread();
+    bool connected = false;
+    // The first keeps the thread from the second until the end is posted too; behind the second it is time to connect.
+    thread.post([] { QTest::qSleep(20); });
+    thread.post([&] {
+        QTest::qSleep(100);
+        connected = thread.api();
+    });
+    context.reset();
+    QVERIFY(!connected);
 }
 
 QTEST_GUILESS_MAIN(RecordingTest)

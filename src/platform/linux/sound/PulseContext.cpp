@@ -46,6 +46,7 @@ PulseContext::PulseContext(QString applicationName, const QByteArray &pluginFile
 PulseContext::~PulseContext()
 {
     m_thread.post([this] {
+        m_thread.forgetUnlessLoaded();
         tellLost();
         m_listeners.clear();
         drop();

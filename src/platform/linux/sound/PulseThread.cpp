@@ -31,6 +31,12 @@ void PulseThread::runUnlessLoaded(int milliseconds, Task task)
     m_due.setRemainingTime(milliseconds);
 }
 
+void PulseThread::forgetUnlessLoaded()
+{
+    m_due = QDeadlineTimer(QDeadlineTimer::Forever);
+    m_whenDue = nullptr;
+}
+
 bool PulseThread::load(QString *problem)
 {
     if (m_loop)

@@ -44,6 +44,9 @@ public:
     /// before. On the thread itself.
     void runUnlessLoaded(int milliseconds, Task task);
 
+    /// The task of `runUnlessLoaded` is not run any more. On the thread itself.
+    void forgetUnlessLoaded();
+
     /// Loads libpulse, if that has not been done; takes milliseconds. False when
     /// it cannot be had, with the reason in `problem`; may be tried again. On the
     /// thread itself.
