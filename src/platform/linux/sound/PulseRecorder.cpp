@@ -3,6 +3,7 @@
 #include "platform/linux/sound/RecordingFile.h"
 #include "platform/linux/sound/RecordingJob.h"
 
+#include <system_error>
 #include <utility>
 
 namespace kest {
@@ -34,16 +35,26 @@ bool PulseRecorder::prepareToRecord()
         if (entry)
             entry->done();
         const auto trouble = failure.isDiskFull() ? RecordingTrouble::DiskFull : RecordingTrouble::CannotWrite;
-        // Queued like all news: the caller is not done with preparing yet.
-        m_mailbox->deliver([trouble, detail = failure.detail](PulseRecorder &recorder) {
-            Q_EMIT recorder.troubleOccurred(trouble, detail);
-        });
+        tellUnprepared(trouble, failure.detail);
         return false;
     }
     m_url = file->url();
+    try {
+        startJob(std::move(*file), std::move(entry));
+    } catch (const std::system_error &noThread) {
+        m_capture->abandon();
+        m_capture.reset();
+        tellUnprepared(RecordingTrouble::CannotWrite, QString::fromLocal8Bit(noThread.what()));
+        return false;
+    }
     m_state = State::Prepared;
-    startJob(std::move(*file), std::move(entry));
     return true;
+}
+
+/// Queued like all news: the caller is not done with preparing yet.
+void PulseRecorder::tellUnprepared(RecordingTrouble trouble, const QString &detail)
+{
+    m_mailbox->deliver([trouble, detail](PulseRecorder &recorder) { Q_EMIT recorder.troubleOccurred(trouble, detail); });
 }
 
 void PulseRecorder::startJob(RecordingFile file, std::unique_ptr<RecordingJournal::Entry> entry)

@@ -48,6 +48,7 @@ private:
 
     Q_INVOKABLE void takeNews() { m_mailbox->takeOne(); }
     void startJob(RecordingFile file, std::unique_ptr<RecordingJournal::Entry> entry);
+    void tellUnprepared(RecordingTrouble trouble, const QString &detail);
     void tellTrouble(RecordingTrouble trouble, const QString &detail);
     void tellFinished(bool kept, const FileURL &url);
     bool isRunning() const;

@@ -2,25 +2,33 @@
 
 #include <pthread.h>
 
+#include <system_error>
 #include <thread>
 
 namespace kest {
 
 void RecordingJobs::run(std::function<void()> job)
 {
-    {
-        const std::lock_guard lock(m_mutex);
-        ++m_running;
+    count(1);
+    try {
+        // Detached: it may outlive everything but the process. Whatever it uses, it owns.
+        std::thread([self = shared_from_this(), job = std::move(job)]() mutable {
+            pthread_setname_np(pthread_self(), "kest-recording");
+            job();
+            job = nullptr;
+            self->count(-1);
+        }).detach();
+    } catch (const std::system_error &) {
+        count(-1);
+        throw;
     }
-    // Detached: it may outlive everything but the process. Whatever it uses, it owns.
-    std::thread([self = shared_from_this(), job = std::move(job)]() mutable {
-        pthread_setname_np(pthread_self(), "kest-recording");
-        job();
-        job = nullptr;
-        const std::lock_guard lock(self->m_mutex);
-        --self->m_running;
-        self->m_ended.notify_all();
-    }).detach();
+}
+
+void RecordingJobs::count(int more)
+{
+    const std::lock_guard lock(m_mutex);
+    m_running += more;
+    m_ended.notify_all();
 }
 
 bool RecordingJobs::waitForAll(int milliseconds)
