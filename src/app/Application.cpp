@@ -32,8 +32,12 @@ void Application::terminate()
     if (m_terminating)
         return;
     m_terminating = true;
-    if (m_shouldTerminate)
-        m_shouldTerminate();
+    try {
+        if (m_shouldTerminate)
+            m_shouldTerminate();
+    } catch (const std::exception &exception) {
+        qCCritical(lcApp, "An exception was raised at the end: %s", exception.what());
+    }
     exit(0);
 }
 

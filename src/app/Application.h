@@ -21,7 +21,8 @@ public:
 
     bool notify(QObject *receiver, QEvent *event) override;
 
-    /// Called once, before the loop ends; it may take its time.
+    /// Called once, before the loop ends; it may take its time. When it raises
+    /// an exception, the end comes all the same.
     void setShouldTerminate(std::function<void()> shouldTerminate) { m_shouldTerminate = std::move(shouldTerminate); }
 
 public Q_SLOTS:

@@ -17,6 +17,11 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <csignal>
+#include <cstdlib>
+
+#include <unistd.h>
+
 using namespace kest;
 
 namespace {
@@ -24,8 +29,13 @@ namespace {
 // How long the end waits for a recording that is being finished. What takes longer is finished at the next start.
 constexpr int finishWait = 5000; // ms
 
-// How long a second start waits for the first one to come to the front.
+// How long a second start waits for the first one to come to the front, and for one that is about to end, which may
+// finish a recording and clean up first.
 constexpr std::chrono::milliseconds handOverLimit { 3000 };
+constexpr std::chrono::milliseconds endedLimit { 10'000 };
+
+// How long the end waits when there is nothing left that could be lost.
+constexpr unsigned lastWait = 3; // seconds
 
 // The window is painted by then.
 constexpr int serveDelay = 100; // ms
@@ -40,7 +50,7 @@ bool handedOver(SingleInstance &instance, int argc, char **argv)
     if (instance.isFirst())
         return false;
     const QCoreApplication application(argc, argv);
-    return instance.handOver(handOverLimit);
+    return instance.handOver(handOverLimit, endedLimit);
 }
 
 /// Light at first; the desktop's answer does not keep the window waiting.
@@ -52,8 +62,16 @@ void followColorScheme(ColorSchemeWatch &watch)
     });
 }
 
+/// The sound server's library, whose thread is waited for, may hang.
+void endSoon()
+{
+    std::signal(SIGALRM, [](int) { std::_Exit(EXIT_SUCCESS); });
+    ::alarm(lastWait);
+}
+
 int run(Application &application, SingleInstance &instance)
 {
+    TerminationSignals wishes; // the longest: the second of two different signals is no reason to leave a recording unfinished
     Platform platform = makeLinuxPlatform();
     const WelcomeMarker welcomed(settingsPath()); // before anything is written
     UserDefaults defaults(settingsPath());
@@ -65,9 +83,12 @@ int run(Application &application, SingleInstance &instance)
         AppDelegate delegate(platform, defaults, alerts);
         if (!AppDelegate::initialize(platform, defaults))
             return EXIT_FAILURE;
-        application.setShouldTerminate([&delegate] { delegate.applicationShouldTerminate(); });
+        application.setShouldTerminate([&] {
+            instance.withdraw();
+            alerts.stopShowing();
+            delegate.applicationShouldTerminate();
+        });
         QObject::connect(&delegate, &AppDelegate::terminateRequested, &application, &Application::terminate);
-        TerminationSignals wishes;
         QObject::connect(&wishes, &TerminationSignals::received, &application, &Application::terminate);
         QObject::connect(&instance, &SingleInstance::activated, &delegate, &AppDelegate::activate);
         WaylandReturn wayland;
@@ -79,6 +100,7 @@ int run(Application &application, SingleInstance &instance)
         application.exec();
     }
     platform.recorderFactory->waitForFinished(finishWait);
+    endSoon();
     return EXIT_SUCCESS;
 }
 

@@ -25,6 +25,8 @@ QMessageBox::Icon iconOf(AlertContent::Style style)
 
 int Alert::runModal(const AlertContent &content)
 {
+    if (!m_shows)
+        return 0;
     QMessageBox box(iconOf(content.style), QString(), content.messageText, QMessageBox::NoButton, m_window);
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(content.informativeText);

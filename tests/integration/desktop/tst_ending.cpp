@@ -2,15 +2,19 @@
 
 #include "support/X11Desktop.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QProcessEnvironment>
 #include <QTest>
 
 #include <chrono>
 #include <csignal>
+#include <functional>
 #include <thread>
+#include <utility>
 
 using kest::testing::X11Desktop;
 using namespace std::chrono_literals;
@@ -24,10 +28,13 @@ class TestEnding : public QObject
 
     static QString recordings() { return QDir::homePath() + QStringLiteral("/Music/Kest"); }
 
-    void launch()
+    void launch(const QProcessEnvironment &environment = QProcessEnvironment::systemEnvironment(),
+                const std::function<void()> &inChild = {})
     {
         m_kest = std::make_unique<QProcess>();
         m_kest->setProcessChannelMode(QProcess::ForwardedChannels);
+        m_kest->setProcessEnvironment(environment);
+        m_kest->setChildProcessModifier(inChild);
         m_kest->start(qEnvironmentVariable("KEST_BUILD_DIR") + QStringLiteral("/bin/kest"), QStringList());
     }
 
@@ -38,9 +45,20 @@ class TestEnding : public QObject
                                  10000);
     }
 
+    // As soon as it does, not at the next look.
+    bool comesIntoView()
+    {
+        const QDeadlineTimer limit(60s);
+        while (!m_desktop.isViewable(m_desktop.findWindow("Kest")) && !limit.hasExpired())
+            std::this_thread::sleep_for(1ms);
+        return !limit.hasExpired();
+    }
+
+    void signal(int signalNumber) { QCOMPARE(::kill(static_cast<pid_t>(m_kest->processId()), signalNumber), 0); }
+
     void end(int signalNumber)
     {
-        QCOMPARE(::kill(static_cast<pid_t>(m_kest->processId()), signalNumber), 0);
+        signal(signalNumber);
         QVERIFY(m_kest->waitForFinished(10000));
         QTRY_COMPARE(m_desktop.findWindow("Kest"), xcb_window_t(XCB_WINDOW_NONE));
     }
@@ -116,13 +134,64 @@ private Q_SLOTS:
         // Around the moment in which the sound server is first spoken to.
         for (auto wait = 0us; wait < 40ms; wait += 500us) {
             launch();
-            for (const QDeadlineTimer limit(10s); !m_desktop.isViewable(m_desktop.findWindow("Kest"));
-                 std::this_thread::sleep_for(1ms))
-                QVERIFY(!limit.hasExpired());
+            QVERIFY(comesIntoView());
             std::this_thread::sleep_for(wait);
             end(SIGTERM);
             QCOMPARE(m_kest->exitStatus(), QProcess::NormalExit);
             QCOMPARE(m_kest->exitCode(), 0);
+        }
+    }
+
+    void aSecondWishOfAnotherKindLeavesTheRecordingTheTimeToBeFinished()
+    {
+        start();
+        recordASecond();
+        signal(SIGTERM);
+        std::this_thread::sleep_for(5ms); // the end has begun
+        for (const int other : {SIGHUP, SIGINT}) {
+            if (m_kest->state() != QProcess::NotRunning)
+                signal(other);
+        }
+        QVERIFY(m_kest->waitForFinished(10000));
+        QCOMPARE(m_kest->exitStatus(), QProcess::NormalExit);
+        QVERIFY(isFinished(recording()));
+        QTRY_COMPARE(m_desktop.findWindow("Kest"), xcb_window_t(XCB_WINDOW_NONE));
+    }
+
+    void whatWasIgnoredStaysIgnored()
+    {
+        launch(QProcessEnvironment::systemEnvironment(), [] { std::signal(SIGHUP, SIG_IGN); });
+        QVERIFY(comesIntoView());
+        signal(SIGHUP);
+        QVERIFY(!m_kest->waitForFinished(500)); // nothing may happen
+        end(SIGTERM);
+        QCOMPARE(m_kest->exitStatus(), QProcess::NormalExit);
+    }
+
+    void aSoundLibraryThatHangsDoesNotKeepTheProgram()
+    {
+        auto environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(KEST_HANGING_SOUND));
+        launch(environment);
+        QVERIFY(comesIntoView());
+        QTest::qWait(300); // it hangs by then
+        end(SIGTERM);
+        QCOMPARE(m_kest->exitStatus(), QProcess::NormalExit);
+        QCOMPARE(m_kest->exitCode(), 0);
+    }
+
+    void aStartDuringTheEndComesToAWindow()
+    {
+        for (auto wait = 0ms; wait < 30ms; wait += 3ms) {
+            start();
+            signal(SIGTERM);
+            std::this_thread::sleep_for(wait);
+            const auto first = std::exchange(m_kest, nullptr);
+            launch();
+            QVERIFY(first->waitForFinished(10000));
+            std::this_thread::sleep_for(100ms); // its window has gone by then
+            QVERIFY(comesIntoView());
+            end(SIGTERM);
         }
     }
 

@@ -8,7 +8,6 @@
 #include <QSignalSpy>
 #include <QTest>
 
-
 using namespace kest;
 using namespace std::chrono_literals;
 
@@ -30,6 +29,9 @@ class TestSingleInstance : public QObject
     }
 
 private Q_SLOTS:
+    // It goes with the process, which is that of all these cases.
+    void cleanup() { QDBusConnection::sessionBus().unregisterService(QStringLiteral("org.kest.Kest")); }
+
     void theFirstIsTheFirstAndTheSecondIsNot()
     {
         const SingleInstance first;
@@ -116,13 +118,67 @@ private Q_SLOTS:
 
     void aFirstThatNeverAnswersIsWaitedForNoLongerThanTold()
     {
+        const SingleInstance first;
+        // In the same thread, which waits: it does not come to answer.
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("silent"));
+        QObject silent;
+        QVERIFY(bus.registerObject(QStringLiteral("/org/kest/Kest"), &silent, QDBusConnection::ExportAllSlots));
+        QVERIFY(bus.registerService(QStringLiteral("org.kest.Kest")));
+        SingleInstance second;
+        QElapsedTimer timer;
+        timer.start();
+        QVERIFY(!second.handOver(300ms, 60s));
+        QVERIFY(timer.elapsed() >= 300);
+        QVERIFY(timer.elapsed() < 30'000);
+        QDBusConnection::disconnectFromBus(QStringLiteral("silent"));
+    }
+
+    void aFirstThatTakesNoWishesIsWaitedForAsLongAsAnEndMayTake()
+    {
         const SingleInstance first; // does not serve
         SingleInstance second;
         QElapsedTimer timer;
         timer.start();
-        QVERIFY(!second.handOver(300ms));
+        QVERIFY(!second.handOver(0ms, 300ms));
         QVERIFY(timer.elapsed() >= 300);
-        QVERIFY(timer.elapsed() < 3000);
+        QVERIFY(timer.elapsed() < 30'000);
+    }
+
+    void oneThatHasWithdrawnComesToTheFrontNoMore()
+    {
+        SingleInstance first;
+        QSignalSpy activated(&first, &SingleInstance::activated);
+        first.serve();
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("second"));
+        const QDBusPendingCall before = bus.asyncCall(callActivate({}));
+        first.withdraw(); // that call is on its way
+        const QDBusPendingCall after = bus.asyncCall(callActivate({}));
+        QTRY_VERIFY(before.isFinished() && after.isFinished());
+        QVERIFY(before.isError());
+        QVERIFY(after.isError());
+        QCOMPARE(activated.count(), 0);
+        QVERIFY(!bus.interface()->isServiceRegistered(QStringLiteral("org.kest.Kest")));
+        QVERIFY(!SingleInstance().isFirst()); // it has not ended yet
+        QDBusConnection::disconnectFromBus(QStringLiteral("second"));
+    }
+
+    void oneThatRunsBesideTheFirstTakesItsPlace()
+    {
+        auto first = std::make_unique<SingleInstance>();
+        first->serve();
+        SingleInstance second;
+        QVERIFY(!second.isFirst());
+        second.serve();
+        first->withdraw();
+        first.reset();
+        QTRY_VERIFY_WITH_TIMEOUT(second.isFirst(), 60'000);
+        QSignalSpy activated(&second, &SingleInstance::activated);
+        auto bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, QStringLiteral("third"));
+        const QDBusPendingCall wish = bus.asyncCall(callActivate({}));
+        QTRY_VERIFY(wish.isFinished());
+        QVERIFY2(!wish.isError(), qPrintable(wish.error().message()));
+        QCOMPARE(activated.count(), 1);
+        QDBusConnection::disconnectFromBus(QStringLiteral("third"));
     }
 
     void aFirstThatEndsMeanwhileLeavesTheSecondToRun()
@@ -131,7 +187,7 @@ private Q_SLOTS:
         SingleInstance second;
         QVERIFY(!second.isFirst());
         first.reset();
-        QVERIFY(!second.handOver(10s));
+        QVERIFY(!second.handOver(10s, 10s));
         QVERIFY(second.isFirst());
     }
 };

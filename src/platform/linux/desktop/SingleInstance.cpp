@@ -2,8 +2,9 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QThread>
+#include <QTimer>
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -19,6 +20,7 @@ const QString objectPath = QStringLiteral("/org/kest/Kest");
 const QString interfaceName = QStringLiteral("org.freedesktop.Application");
 constexpr auto answerLimit = 1s;
 constexpr auto betweenTries = 20ms;
+constexpr auto betweenTakeOvers = 2s;
 
 // The right to the focus, which the launcher gave to the process that it started.
 const std::pair<const char *, QString> tokens[] {
@@ -36,13 +38,19 @@ QVariantMap ownPlatformData()
     return data;
 }
 
-bool activateRunning()
+enum class Answer { Came, Silence, NobodyThere };
+
+Answer activateRunning()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(busName, objectPath, interfaceName, QStringLiteral("Activate"));
     call << ownPlatformData();
     call.setAutoStartService(false); // that would start a third one
     const int limit = int(std::chrono::milliseconds(answerLimit).count());
-    return QDBusConnection::sessionBus().call(call, QDBus::Block, limit).type() == QDBusMessage::ReplyMessage;
+    const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, limit);
+    if (answer.type() == QDBusMessage::ReplyMessage)
+        return Answer::Came;
+    const bool alive = QDBusError(answer).type() == QDBusError::NoReply;
+    return alive ? Answer::Silence : Answer::NobodyThere;
 }
 
 } // namespace
@@ -60,12 +68,16 @@ void SingleInstance::lock()
     m_isFirst = !m_lock.isOpen() || ::flock(m_lock.get(), LOCK_EX | LOCK_NB) == 0;
 }
 
-bool SingleInstance::handOver(std::chrono::milliseconds limit)
+bool SingleInstance::handOver(std::chrono::milliseconds limit, std::chrono::milliseconds endLimit)
 {
-    const QDeadlineTimer deadline(limit);
-    while (!m_isFirst && QDBusConnection::sessionBus().isConnected() && !deadline.hasExpired()) {
-        if (activateRunning())
+    QElapsedTimer waited;
+    waited.start();
+    auto patience = endLimit;
+    while (!m_isFirst && QDBusConnection::sessionBus().isConnected() && !waited.hasExpired(patience.count())) {
+        const Answer answer = activateRunning();
+        if (answer == Answer::Came)
             return true;
+        patience = answer == Answer::Silence ? limit : endLimit;
         QThread::msleep(std::chrono::milliseconds(betweenTries).count());
         lock(); // it may just have ended
     }
@@ -74,13 +86,32 @@ bool SingleInstance::handOver(std::chrono::milliseconds limit)
 
 void SingleInstance::serve()
 {
+    if (m_withdrawn)
+        return;
+    const bool wasFirst = m_isFirst;
+    if (!m_isFirst)
+        lock();
     QDBusConnection bus = QDBusConnection::sessionBus();
-    if (bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots))
-        bus.registerService(busName);
+    const bool isNamed = bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots)
+        && bus.registerService(busName);
+    if (!m_isFirst || (!isNamed && !wasFirst))
+        QTimer::singleShot(betweenTakeOvers, this, &SingleInstance::serve);
+}
+
+void SingleInstance::withdraw()
+{
+    m_withdrawn = true;
+    QDBusConnection bus = QDBusConnection::sessionBus();
+    bus.unregisterService(busName);
+    bus.unregisterObject(objectPath);
 }
 
 void SingleInstance::Activate(const QVariantMap &platformData)
 {
+    if (m_withdrawn) { // it was on its way already
+        sendErrorReply(QDBusError::ServiceUnknown, QStringLiteral("Kest is ending."));
+        return;
+    }
     // Qt takes the Wayland token from the environment when it asks for the focus.
     const auto &[variable, key] = tokens[0];
     if (platformData.contains(key))

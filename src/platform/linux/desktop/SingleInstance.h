@@ -2,6 +2,7 @@
 
 #include "platform/FileDescriptor.h"
 
+#include <QDBusContext>
 #include <QObject>
 #include <QVariantMap>
 
@@ -16,7 +17,7 @@ namespace kest {
 /// org.freedesktop.Application (Desktop Entry Specification, "D-Bus
 /// Activation") as org.kest.Kest. Without a runtime folder everyone is the
 /// first. Main thread.
-class SingleInstance : public QObject
+class SingleInstance : public QObject, protected QDBusContext
 {
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.Application")
@@ -27,15 +28,21 @@ public:
 
     bool isFirst() const { return m_isFirst; }
 
-    /// Asks the first one to come to the front. False when it did not answer in
-    /// time, or ended meanwhile, which makes this one the first, or there is no
-    /// session bus; then this one had better run itself. Needs an application
-    /// object. Waits.
-    bool handOver(std::chrono::milliseconds limit);
+    /// Asks the first one to come to the front. False when it did not answer
+    /// within `limit`, or ended meanwhile, which makes this one the first, or
+    /// there is no session bus; then this one had better run itself. One that
+    /// takes no wishes yet, or none any more, is waited for until `endLimit`.
+    /// Needs an application object. Waits.
+    bool handOver(std::chrono::milliseconds limit, std::chrono::milliseconds endLimit);
 
     /// Begins to take such wishes. The first one calls it when its window
-    /// stands; before that they wait.
+    /// stands; before that they wait. One that runs although it is not the first
+    /// takes the first one's place once that has ended.
     void serve();
+
+    /// Takes no more of them: the end has begun, and who starts the program now
+    /// is to run itself after it.
+    void withdraw();
 
 public Q_SLOTS:
     /// The interface. Whoever is on the bus can do no more with it than show the window.
@@ -53,6 +60,7 @@ private:
 
     FileDescriptor m_lock;
     bool m_isFirst = false;
+    bool m_withdrawn = false;
 };
 
 } // namespace kest

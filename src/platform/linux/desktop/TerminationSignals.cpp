@@ -22,6 +22,13 @@ void handle(int signalNumber)
     errno = savedError;
 }
 
+// As nohup(1) has it.
+bool isIgnored(int signalNumber)
+{
+    struct sigaction action = {};
+    return ::sigaction(signalNumber, nullptr, &action) == 0 && action.sa_handler == SIG_IGN;
+}
+
 } // namespace
 
 TerminationSignals::TerminationSignals(QObject *parent) : QObject(parent)
@@ -33,8 +40,10 @@ TerminationSignals::TerminationSignals(QObject *parent) : QObject(parent)
     struct sigaction action = {};
     action.sa_handler = handle;
     action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
-    for (const int signalNumber : handled)
-        ::sigaction(signalNumber, &action, nullptr);
+    for (const int signalNumber : handled) {
+        if (!isIgnored(signalNumber))
+            ::sigaction(signalNumber, &action, nullptr);
+    }
 }
 
 TerminationSignals::~TerminationSignals()
@@ -42,7 +51,7 @@ TerminationSignals::~TerminationSignals()
     if (!m_notifier)
         return;
     for (const int signalNumber : handled)
-        std::signal(signalNumber, SIG_DFL);
+        std::signal(signalNumber, SIG_IGN);
     m_notifier.reset();
     ::close(pipeEnds[0]);
     ::close(pipeEnds[1]);
