@@ -125,15 +125,18 @@ async function fill(message) {
 /** Notes what Thunderbird calls the attachments that a window was opened with. Another add-on may have added its own. */
 async function noteAttachments(message) {
   const there = await messenger.compose.listAttachments(message.tabId);
-  for (const added of message.attachments) {
+  const named = message.attachments.map(added => {
     const place = there.findIndex(each => each.name === added.name);
-    const [found] = there.splice(Math.max(place, 0), 1);
+    return place < 0 ? null : there.splice(place, 1)[0];
+  });
+  message.attachments.forEach((added, at) => {
+    const found = named[at] ?? there.shift();
     if (!found) {
       throw new MailError("Failed", `Thunderbird did not attach “${added.name}”.`);
     }
     added.id = found.id;
     delete added.file;
-  }
+  });
 }
 
 /** Opens the window of a message that was hidden until now, with all that it holds. */

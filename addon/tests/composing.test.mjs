@@ -45,6 +45,12 @@ test("an attachment that the window does not have is told of", async () => {
   await assert.rejects(opened(message, []), { name: "Failed", message: /a\.m4a/ });
 });
 
+test("of several attachments the one that is missing is named", async () => {
+  const message = make({ attachments: [{ name: "a.m4a", file: new File([], "attachment.m4a"), offset: 0 },
+    { name: "b.txt", file: new File([], "attachment.txt"), offset: 0 }] });
+  await assert.rejects(opened(message, [{ id: 7, name: "b.txt" }]), { name: "Failed", message: /a\.m4a/ });
+});
+
 test("a window without attachments is opened as Thunderbird leaves it", async () => {
   const { fields, told } = await opened(make({ content: "Text" }), []);
   assert.deepEqual(fields.attachments, []);

@@ -32,7 +32,7 @@ constexpr int finishWait = 5000; // ms
 // How long a second start waits for the first one to come to the front, and for one that is about to end, which may
 // finish a recording and clean up first.
 constexpr std::chrono::milliseconds handOverLimit { 3000 };
-constexpr std::chrono::milliseconds endedLimit { 10'000 };
+constexpr std::chrono::milliseconds endedLimit { 15'000 };
 
 // How long the end waits when there is nothing left that could be lost.
 constexpr unsigned lastWait = 3; // seconds
@@ -69,10 +69,8 @@ void endSoon()
     ::alarm(lastWait);
 }
 
-int run(Application &application, SingleInstance &instance)
+int run(Platform &platform, TerminationSignals &wishes, Application &application, SingleInstance &instance)
 {
-    TerminationSignals wishes; // the longest: the second of two different signals is no reason to leave a recording unfinished
-    Platform platform = makeLinuxPlatform();
     const WelcomeMarker welcomed(settingsPath()); // before anything is written
     UserDefaults defaults(settingsPath());
     Alert alerts;
@@ -100,8 +98,16 @@ int run(Application &application, SingleInstance &instance)
         application.exec();
     }
     platform.recorderFactory->waitForFinished(finishWait);
-    endSoon();
     return EXIT_SUCCESS;
+}
+
+int run(Application &application, SingleInstance &instance)
+{
+    TerminationSignals wishes; // the longest: a further signal is no reason to leave a recording unfinished
+    Platform platform = makeLinuxPlatform();
+    const int status = run(platform, wishes, application, instance);
+    endSoon();
+    return status;
 }
 
 } // namespace

@@ -29,7 +29,7 @@ public:
     virtual ~AlertPresenter() = default;
 
     /// Shows the alert and returns when the person dismissed it: the index of
-    /// the button.
+    /// the button. 0 at once when the program is ending.
     virtual int runModal(const AlertContent &content) = 0;
 };
 

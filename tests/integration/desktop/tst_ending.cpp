@@ -142,13 +142,13 @@ private Q_SLOTS:
         }
     }
 
-    void aSecondWishOfAnotherKindLeavesTheRecordingTheTimeToBeFinished()
+    void furtherWishesLeaveTheRecordingTheTimeToBeFinished()
     {
         start();
         recordASecond();
         signal(SIGTERM);
         std::this_thread::sleep_for(5ms); // the end has begun
-        for (const int other : {SIGHUP, SIGINT}) {
+        for (const int other : {SIGTERM, SIGHUP, SIGINT}) {
             if (m_kest->state() != QProcess::NotRunning)
                 signal(other);
         }

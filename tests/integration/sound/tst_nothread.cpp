@@ -3,8 +3,11 @@
 #include "RecorderBench.h"
 
 #include "platform/linux/sound/RecordingJobs.h"
+#include "platform/linux/sound/RecordingJournal.h"
 #include "support/VirtualMicrophone.h"
 
+#include <QDir>
+#include <QFile>
 #include <QTest>
 
 #include <atomic>
@@ -17,7 +20,8 @@ using namespace kest::test;
 
 namespace {
 
-std::atomic<bool> noThreads = false;
+constexpr int anyNumber = 1'000'000;
+std::atomic<int> threadsLeft = anyNumber;
 
 } // namespace
 
@@ -25,7 +29,7 @@ std::atomic<bool> noThreads = false;
 extern "C" int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*start)(void *), void *argument)
 {
     static const auto real = reinterpret_cast<decltype(&pthread_create)>(dlsym(RTLD_NEXT, "pthread_create"));
-    return noThreads ? EAGAIN : real(thread, attributes, start, argument);
+    return --threadsLeft < 0 ? EAGAIN : real(thread, attributes, start, argument);
 }
 
 class NoThreadTest : public QObject
@@ -33,18 +37,22 @@ class NoThreadTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void cleanup() { noThreads = false; }
+    void cleanup() { threadsLeft = anyNumber; }
     void aJobWithoutAThreadIsNotWaitedFor();
     void aRecordingWithoutAThreadIsSaidToFailAndTheNextOneWorks();
+    void theLastThreadIsEnoughForARecording();
+    void aStartWithoutThreadsGoesOn();
 
 private:
+    static QString remembered() { return qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/kest/unfinished-recordings"); }
+
     const VirtualMicrophone m_microphone{sine(440, 0.3)};
 };
 
 void NoThreadTest::aJobWithoutAThreadIsNotWaitedFor()
 {
     const auto jobs = std::make_shared<RecordingJobs>();
-    noThreads = true;
+    threadsLeft = 0;
     QVERIFY_THROWS_EXCEPTION(std::system_error, jobs->run([] { }));
     QVERIFY(jobs->waitForAll(0));
 }
@@ -54,14 +62,44 @@ void NoThreadTest::aRecordingWithoutAThreadIsSaidToFailAndTheNextOneWorks()
     RecorderBench bench;
     QVERIFY(bench.waitUntilConnected());
     AudioFileRecorder &recorder = bench.make();
-    noThreads = true;
+    threadsLeft = 0;
     QVERIFY(!recorder.prepareToRecord());
     QVERIFY(!recorder.record());
-    noThreads = false;
+    threadsLeft = anyNumber;
     QTRY_COMPARE(bench.trouble->count(), 1);
     QCOMPARE(bench.trouble->first().first().value<RecordingTrouble>(), RecordingTrouble::CannotWrite);
     QCOMPARE(recorder.currentTime(), 0.0);
+    QVERIFY(QDir(bench.folder.path()).isEmpty(QDir::Files | QDir::Hidden));
+    QVERIFY(QDir(remembered()).isEmpty(QDir::Files));
     QVERIFY(bench.sound.recorderFactory->waitForFinished(0));
+    QVERIFY(bench.recordFor(0.5));
+}
+
+void NoThreadTest::theLastThreadIsEnoughForARecording()
+{
+    RecorderBench bench;
+    QVERIFY(bench.waitUntilConnected());
+    AudioFileRecorder &recorder = bench.make();
+    threadsLeft = 1;
+    QVERIFY(recorder.prepareToRecord());
+    QVERIFY(recorder.record());
+    QVERIFY(bench.waitForCapture(0.5));
+    QVERIFY(threadsLeft < 0); // one more was asked for
+    QVERIFY(bench.stopRecording());
+    QCOMPARE(bench.trouble->count(), 0);
+    QVERIFY(decoded(recorder.url()).size() > 44100 / 2);
+}
+
+void NoThreadTest::aStartWithoutThreadsGoesOn()
+{
+    RecorderBench bench;
+    const FileURL unfinished = bench.folder.appendingPathComponent(QStringLiteral("unfinished.m4a"));
+    QVERIFY(RecordingJournal(QFile::encodeName(remembered())).announce(unfinished)); // and forgotten, as in a crash
+    threadsLeft = 0;
+    bench.sound.recorderFactory->preload();
+    QCOMPARE(bench.sound.recorderFactory->finishInterruptedRecordings({}, 0), 0);
+    QVERIFY(threadsLeft <= -2); // both asked
+    threadsLeft = anyNumber;
     QVERIFY(bench.recordFor(0.5));
 }
 

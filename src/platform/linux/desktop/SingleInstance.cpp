@@ -8,6 +8,10 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <utility>
 
 namespace kest {
 
@@ -38,19 +42,13 @@ QVariantMap ownPlatformData()
     return data;
 }
 
-enum class Answer { Came, Silence, NobodyThere };
-
-Answer activateRunning()
+bool activateRunning()
 {
     QDBusMessage call = QDBusMessage::createMethodCall(busName, objectPath, interfaceName, QStringLiteral("Activate"));
     call << ownPlatformData();
     call.setAutoStartService(false); // that would start a third one
     const int limit = int(std::chrono::milliseconds(answerLimit).count());
-    const QDBusMessage answer = QDBusConnection::sessionBus().call(call, QDBus::Block, limit);
-    if (answer.type() == QDBusMessage::ReplyMessage)
-        return Answer::Came;
-    const bool alive = QDBusError(answer).type() == QDBusError::NoReply;
-    return alive ? Answer::Silence : Answer::NobodyThere;
+    return QDBusConnection::sessionBus().call(call, QDBus::Block, limit).type() == QDBusMessage::ReplyMessage;
 }
 
 } // namespace
@@ -66,20 +64,29 @@ void SingleInstance::lock()
     if (!m_lock.isOpen() && !folder.isEmpty())
         m_lock = FileDescriptor(::open((folder + "/kest.lock").constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
     m_isFirst = !m_lock.isOpen() || ::flock(m_lock.get(), LOCK_EX | LOCK_NB) == 0;
+    if (m_isFirst && m_lock.isOpen())
+        [[maybe_unused]] const int cleared = ::ftruncate(m_lock.get(), 0);
+}
+
+bool SingleInstance::isEnding() const
+{
+    struct stat file = {};
+    return ::fstat(m_lock.get(), &file) == 0 && file.st_size > 0;
 }
 
 bool SingleInstance::handOver(std::chrono::milliseconds limit, std::chrono::milliseconds endLimit)
 {
     QElapsedTimer waited;
     waited.start();
-    auto patience = endLimit;
-    while (!m_isFirst && QDBusConnection::sessionBus().isConnected() && !waited.hasExpired(patience.count())) {
-        const Answer answer = activateRunning();
-        if (answer == Answer::Came)
+    bool ending = isEnding();
+    while (!m_isFirst && QDBusConnection::sessionBus().isConnected()
+           && !waited.hasExpired((ending ? endLimit : limit).count())) {
+        if (activateRunning())
             return true;
-        patience = answer == Answer::Silence ? limit : endLimit;
         QThread::msleep(std::chrono::milliseconds(betweenTries).count());
         lock(); // it may just have ended
+        if (std::exchange(ending, isEnding()) != ending)
+            waited.restart(); // another one has been quicker
     }
     return false;
 }
@@ -92,8 +99,8 @@ void SingleInstance::serve()
     if (!m_isFirst)
         lock();
     QDBusConnection bus = QDBusConnection::sessionBus();
-    const bool isNamed = bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots)
-        && bus.registerService(busName);
+    m_isExported = m_isExported || bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots);
+    const bool isNamed = m_isExported && bus.registerService(busName);
     if (!m_isFirst || (!isNamed && !wasFirst))
         QTimer::singleShot(betweenTakeOvers, this, &SingleInstance::serve);
 }
@@ -101,9 +108,14 @@ void SingleInstance::serve()
 void SingleInstance::withdraw()
 {
     m_withdrawn = true;
-    QDBusConnection bus = QDBusConnection::sessionBus();
-    bus.unregisterService(busName);
-    bus.unregisterObject(objectPath);
+    if (m_isFirst && m_lock.isOpen())
+        [[maybe_unused]] const ssize_t marked = ::pwrite(m_lock.get(), "ending", 6, 0);
+    // Not by Qt's own call, which waits for the bus's answer: a bus that hangs must not keep a recording from its end.
+    QDBusMessage release = QDBusMessage::createMethodCall(QStringLiteral("org.freedesktop.DBus"),
+                                                          QStringLiteral("/org/freedesktop/DBus"),
+                                                          QStringLiteral("org.freedesktop.DBus"), QStringLiteral("ReleaseName"));
+    release << busName;
+    QDBusConnection::sessionBus().send(release);
 }
 
 void SingleInstance::Activate(const QVariantMap &platformData)

@@ -31,8 +31,8 @@ public:
     /// Asks the first one to come to the front. False when it did not answer
     /// within `limit`, or ended meanwhile, which makes this one the first, or
     /// there is no session bus; then this one had better run itself. One that
-    /// takes no wishes yet, or none any more, is waited for until `endLimit`.
-    /// Needs an application object. Waits.
+    /// has withdrawn is waited for until `endLimit`. Needs an application
+    /// object. Waits.
     bool handOver(std::chrono::milliseconds limit, std::chrono::milliseconds endLimit);
 
     /// Begins to take such wishes. The first one calls it when its window
@@ -57,9 +57,11 @@ Q_SIGNALS:
 
 private:
     void lock();
+    bool isEnding() const;
 
-    FileDescriptor m_lock;
+    FileDescriptor m_lock; // what is in it: see withdraw
     bool m_isFirst = false;
+    bool m_isExported = false;
     bool m_withdrawn = false;
 };
 

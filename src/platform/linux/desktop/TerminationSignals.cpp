@@ -39,8 +39,9 @@ TerminationSignals::TerminationSignals(QObject *parent) : QObject(parent)
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &TerminationSignals::read);
     struct sigaction action = {};
     action.sa_handler = handle;
-    action.sa_flags = SA_RESTART | static_cast<int>(SA_RESETHAND);
     for (const int signalNumber : handled) {
+        // Only a person at a terminal insists; others may send the same one twice for no reason.
+        action.sa_flags = signalNumber == SIGINT ? SA_RESTART | static_cast<int>(SA_RESETHAND) : SA_RESTART;
         if (!isIgnored(signalNumber))
             ::sigaction(signalNumber, &action, nullptr);
     }

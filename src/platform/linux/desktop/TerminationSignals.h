@@ -8,7 +8,7 @@
 namespace kest {
 
 /// Turns the wishes of others that this process end (SIGTERM, SIGINT, SIGHUP)
-/// into a Qt signal. A second one of the same kind ends the process at once.
+/// into a Qt signal. A second SIGINT ends the process at once.
 /// What was ignored when it was made stays ignored.
 ///
 /// One object a process, until the process ends by itself: after it, such

@@ -3,12 +3,19 @@
 #include <unistd.h>
 
 #include <chrono>
+#include <system_error>
 
 namespace kest {
 
 FileSyncer::FileSyncer(int file, std::function<void()> first)
-    : m_file(file), m_first(std::move(first)), m_thread([this] { run(); })
+    : m_file(file), m_first(std::move(first))
 {
+    try {
+        m_thread = std::thread([this] { run(); });
+    } catch (const std::system_error &) {
+        if (m_first)
+            m_first();
+    }
 }
 
 FileSyncer::~FileSyncer()
@@ -18,7 +25,8 @@ FileSyncer::~FileSyncer()
         m_ended = true;
     }
     m_changed.notify_all();
-    m_thread.join();
+    if (m_thread.joinable())
+        m_thread.join();
 }
 
 void FileSyncer::run()

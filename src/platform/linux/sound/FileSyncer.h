@@ -14,7 +14,8 @@ class FileSyncer
 {
 public:
     /// `file` stays open for as long as this lives. `first` is done before all
-    /// else, on the same thread.
+    /// else, on the same thread. Where the system gives no thread, `first` is
+    /// done at once and the disk takes its time.
     explicit FileSyncer(int file, std::function<void()> first = {});
 
     /// Waits for a write to the disk that is under way.

@@ -77,7 +77,12 @@ void PulseRecorder::startJob(RecordingFile file, std::unique_ptr<RecordingJourna
     auto job = std::make_shared<RecordingJob>(RecordingJob::Parts{m_capture, m_parts.encoders, std::move(entry),
                                                                   std::move(file), m_format, m_fileSize,
                                                                   tellTroubleFromAnywhere, tellFinishedFromAnywhere});
-    m_parts.jobs->run([job] { job->run(); });
+    try {
+        m_parts.jobs->run([job] { job->run(); });
+    } catch (const std::system_error &) {
+        job->cancel();
+        throw;
+    }
 }
 
 bool PulseRecorder::isRunning() const

@@ -12,6 +12,7 @@
 
 #include <unistd.h>
 
+#include <system_error>
 #include <utility>
 
 namespace kest {
@@ -69,10 +70,12 @@ std::shared_ptr<CaptureSession> PulseRecorderFactory::startCapture()
 
 void PulseRecorderFactory::preload()
 {
-    m_jobs->run([encoders = m_encoders] {
-        QString problem; // told when somebody records
-        encoders->load(&problem);
-    });
+    try {
+        m_jobs->run([encoders = m_encoders] {
+            QString problem; // told when somebody records
+            encoders->load(&problem);
+        });
+    } catch (const std::system_error &) { } // it is loaded when somebody records
 }
 
 void PulseRecorderFactory::warmUp()
@@ -98,7 +101,11 @@ int PulseRecorderFactory::finishInterruptedRecordings(const QList<FolderURL> &fo
     const int count = int(entries->size());
     if (count == 0)
         return 0;
-    m_jobs->run([entries, folders] { RecordingRecovery(folders).finish(std::move(*entries)); });
+    try {
+        m_jobs->run([entries, folders] { RecordingRecovery(folders).finish(std::move(*entries)); });
+    } catch (const std::system_error &) {
+        return 0; // they are remembered for the next start
+    }
     m_jobs->waitForAll(milliseconds);
     return count;
 }

@@ -27,6 +27,13 @@ void RecordingJob::run()
     m_parts.finished(kept, m_parts.file.url());
 }
 
+void RecordingJob::cancel()
+{
+    m_parts.file.remove();
+    if (m_parts.entry)
+        m_parts.entry->done();
+}
+
 void RecordingJob::encode()
 {
     if (!openWriter())

@@ -35,6 +35,9 @@ public:
     /// The whole work; returns when the file is closed for good.
     void run();
 
+    /// In place of `run`, where there is no thread for it: leaves nothing.
+    void cancel();
+
 private:
     void encode();
     bool openWriter();
