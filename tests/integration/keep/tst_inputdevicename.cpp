@@ -84,7 +84,7 @@ private Q_SLOTS:
     void anAddedMicrophoneThatIsNotChosenChangesNothing()
     {
         addSource(u"usb"_qs, u"USB Mic"_qs);
-        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
+        QVERIFY(shows(u"Built-in Microphone"_qs, u"BM"_qs));
         choose(u"usb"_qs); // the news of it bring the news of its arrival
         QTRY_VERIFY_WITH_TIMEOUT(shows(u"USB Mic"_qs, u"UM"_qs), patience);
         choose(m_microphone);

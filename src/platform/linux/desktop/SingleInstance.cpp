@@ -95,13 +95,12 @@ void SingleInstance::serve()
 {
     if (m_withdrawn)
         return;
-    const bool wasFirst = m_isFirst;
     if (!m_isFirst)
         lock();
     QDBusConnection bus = QDBusConnection::sessionBus();
     m_isExported = m_isExported || bus.registerObject(objectPath, this, QDBusConnection::ExportScriptableSlots);
     const bool isNamed = m_isExported && bus.registerService(busName);
-    if (!m_isFirst || (!isNamed && !wasFirst))
+    if (bus.isConnected() && !(m_isFirst && isNamed))
         QTimer::singleShot(betweenTakeOvers, this, &SingleInstance::serve);
 }
 

@@ -1,5 +1,7 @@
 #include "platform/linux/sound/FileSyncer.h"
 
+#include <QLoggingCategory>
+
 #include <unistd.h>
 
 #include <chrono>
@@ -7,12 +9,19 @@
 
 namespace kest {
 
+namespace {
+
+Q_LOGGING_CATEGORY(logRecording, "kest.recording")
+
+} // namespace
+
 FileSyncer::FileSyncer(int file, std::function<void()> first)
     : m_file(file), m_first(std::move(first))
 {
     try {
         m_thread = std::thread([this] { run(); });
-    } catch (const std::system_error &) {
+    } catch (const std::system_error &failure) {
+        qCWarning(logRecording, "A power cut would cost more of this recording than usual: %s", failure.what());
         if (m_first)
             m_first();
     }

@@ -8,6 +8,7 @@
 #include "platform/linux/sound/RecordingRecovery.h"
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QTimer>
 
 #include <unistd.h>
@@ -18,6 +19,8 @@
 namespace kest {
 
 namespace {
+
+Q_LOGGING_CATEGORY(logRecording, "kest.recording")
 
 constexpr quint32 formatMpeg4Aac = 0x61616320; // "aac "
 constexpr int warmMilliseconds = 5000;
@@ -75,7 +78,9 @@ void PulseRecorderFactory::preload()
             QString problem; // told when somebody records
             encoders->load(&problem);
         });
-    } catch (const std::system_error &) { } // it is loaded when somebody records
+    } catch (const std::system_error &failure) {
+        qCWarning(logRecording, "The encoder is loaded only when somebody records: %s", failure.what());
+    }
 }
 
 void PulseRecorderFactory::warmUp()
@@ -103,8 +108,9 @@ int PulseRecorderFactory::finishInterruptedRecordings(const QList<FolderURL> &fo
         return 0;
     try {
         m_jobs->run([entries, folders] { RecordingRecovery(folders).finish(std::move(*entries)); });
-    } catch (const std::system_error &) {
-        return 0; // they are remembered for the next start
+    } catch (const std::system_error &failure) {
+        qCWarning(logRecording, "Unfinished recordings wait for the next start: %s", failure.what());
+        return 0;
     }
     m_jobs->waitForAll(milliseconds);
     return count;
