@@ -66,10 +66,16 @@ class CommandRecorder(Recorder):
 class Ffmpeg(CommandRecorder):
     name = "ffmpeg -f pulse"
     program = "ffmpeg"
+    coding = ("-b:a", "66k")
 
     def command(self):
         return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", "-i", "default", "-ac", "1", "-ar", "44100",
-                "-c:a", "aac", "-b:a", "72k", self.path]
+                "-c:a", "aac", *self.coding, self.path]
+
+
+class FfmpegLikeKest(Ffmpeg):
+    name = "ffmpeg -f pulse, told to encode as Kest does"
+    coding = (*Ffmpeg.coding, "-aac_coder", "fast", "-cutoff", "15000")
 
 
 class FfmpegAsItComes(Ffmpeg):
@@ -85,7 +91,7 @@ class GStreamer(CommandRecorder):
 
     def command(self):
         return ["gst-launch-1.0", "-q", "-e", "pulsesrc", "!", "audioconvert", "!", "audio/x-raw,channels=1,rate=44100",
-                "!", "avenc_aac", "bitrate=72000", "!", "mp4mux", "!", "filesink", f"location={self.path}"]
+                "!", "avenc_aac", "bitrate=66000", "!", "mp4mux", "!", "filesink", f"location={self.path}"]
 
 
 class GnomeSoundRecorder(Recorder):
@@ -148,4 +154,4 @@ class Kest(Recorder):
         return max(self.kest.recordings(), key=lambda path: path.stat().st_mtime)
 
 
-ALL = (Kest, Ffmpeg, FfmpegAsItComes, GStreamer, GnomeSoundRecorder)
+ALL = (Kest, Ffmpeg, FfmpegLikeKest, FfmpegAsItComes, GStreamer, GnomeSoundRecorder)

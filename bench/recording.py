@@ -46,7 +46,7 @@ def babble(sandbox, microphone):
 def ffmpeg(sandbox):
     """(percent of a core, MB of PSS) of the well-known recorder over one take."""
     command = ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", "-i", "default", "-ac", "1", "-ar", "44100",
-               "-c:a", "aac", "-b:a", "72k", sandbox.root / "peer.m4a"]
+               "-c:a", "aac", "-b:a", "66k", sandbox.root / "peer.m4a"]
     process = sandbox.start("ffmpeg", command)
     time.sleep(1)
     before, began = processor_seconds(process.pid), time.monotonic()

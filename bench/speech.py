@@ -4,8 +4,8 @@
     bench/speech.py [--build FOLDER]
 
 Five voices of espeak-ng are spoken into the virtual microphone of a private PulseAudio, once for each program. Quality is
-told by the segmental signal-to-noise ratio (higher is better) and the log-spectral distance below 14 kHz (lower is better);
-see speech-bit-rate/compare.py. Each file is first moved to where it fits the original best, and made as loud: a program that
+told by the segmental signal-to-noise ratio (higher is better), the log-spectral distance below 14 kHz and the noise-to-mask
+ratio (lower is better); see speech-bit-rate/compare.py. Each file is first moved to where it fits the original best, and made as loud: a program that
 adds two channels is 3 dB louder, which is no noise.
 """
 
@@ -92,11 +92,11 @@ def main():
         sound = desktop(sandbox, options.build)
         original = speak(sandbox)
         print(f"{len(original) / RATE:.0f} s of speech in {len(VOICES)} voices\n")
-        print("| Program | kb/s | seg. SNR dB | spectral distance dB |")
-        print("|---|---|---|---|")
+        print("| Program | kb/s | seg. SNR dB | spectral distance dB | noise-to-mask dB |")
+        print("|---|---|---|---|---|")
         for recorder in recorders():
-            rate, snr, distance = record(recorder(sandbox, sound), original)
-            print(f"| {recorder.name} | {rate:.0f} | {snr:.1f} | {distance:.2f} |", flush=True)
+            rate, snr, distance, masked = record(recorder(sandbox, sound), original)
+            print(f"| {recorder.name} | {rate:.0f} | {snr:.1f} | {distance:.2f} | {masked:.1f} |", flush=True)
         sound.close()
 
 

@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include <cmath>
+#include <random>
 #include <vector>
 
 using namespace kest;
@@ -25,9 +26,13 @@ private Q_SLOTS:
     void packetsAreThoseOfTheRecording();
     void recordingCutOffIsFinishedToItsLastPacket();
     void failedFinishLeavesTheRecordingAsItWas();
+    void anHourOfSpeechHasAtMost40Megabytes_data();
+    void anHourOfSpeechHasAtMost40Megabytes();
 
 private:
     void record(qint64 samples);
+    void record(const std::vector<float> &sound);
+    std::vector<float> spoken(const QString &words) const;
     std::optional<FileFailure> finish(std::optional<qint64> samples) const;
     void verifyWithReaders(qint64 samples) const;
     QByteArray packets() const;
@@ -46,6 +51,14 @@ void FinishingTest::init()
 /// A rising tone, as the recorder writes it.
 void FinishingTest::record(qint64 samples)
 {
+    std::vector<float> tone(static_cast<size_t>(samples));
+    for (size_t i = 0; i < tone.size(); ++i)
+        tone[i] = 0.4F * float(std::sin(double(i) * (0.02 + double(i) * 1e-7)));
+    record(tone);
+}
+
+void FinishingTest::record(const std::vector<float> &sound)
+{
     QString problem;
     FileFailure failure;
     EncoderPlugin *plugin = EncoderLoader().load(&problem);
@@ -54,10 +67,7 @@ void FinishingTest::record(qint64 samples)
     QVERIFY2(file, qUtf8Printable(failure.detail));
     const auto writer = plugin->createWriter(file->descriptor(), {}, &failure);
     QVERIFY2(writer, qUtf8Printable(failure.detail));
-    std::vector<float> tone(static_cast<size_t>(samples));
-    for (size_t i = 0; i < tone.size(); ++i)
-        tone[i] = 0.4F * float(std::sin(double(i) * (0.02 + double(i) * 1e-7)));
-    QVERIFY(!writer->write(tone.data(), samples));
+    QVERIFY(!writer->write(sound.data(), qsizetype(sound.size())));
     QVERIFY(!writer->close());
 }
 
@@ -133,6 +143,51 @@ void FinishingTest::failedFinishLeavesTheRecordingAsItWas()
     QVERIFY(finish(40'000));
     QCOMPARE(content(), before);
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{QStringLiteral("message.m4a")});
+}
+
+std::vector<float> FinishingTest::spoken(const QString &words) const
+{
+    const QString own = m_folder->filePath(QStringLiteral("spoken.wav")); // 22050 Hz
+    const QString file = m_folder->filePath(QStringLiteral("44100.wav"));
+    outputOf(QStringLiteral("espeak-ng"), {QStringLiteral("-v"), QStringLiteral("en"), QStringLiteral("-w"), own, words});
+    outputOf(QStringLiteral("ffmpeg"), QStringLiteral("-v error -y -i %1 -ar 44100 %2").arg(own, file).split(u' '));
+    return decoded(FileURL::fromPath(file));
+}
+
+void FinishingTest::anHourOfSpeechHasAtMost40Megabytes_data()
+{
+    QTest::addColumn<bool>("paused");
+    QTest::addColumn<float>("noise");
+    QTest::newRow("fluent") << false << 0.0F;
+    QTest::newRow("beside a fan") << false << 0.02F;
+    // As a microphone that mutes itself delivers it: the encoder saves in the pauses, and spends it on the words.
+    QTest::newRow("word for word") << true << 0.0F;
+    QTest::newRow("noise alone") << false << 1.0F;
+}
+
+void FinishingTest::anHourOfSpeechHasAtMost40Megabytes()
+{
+    QFETCH(bool, paused);
+    QFETCH(float, noise);
+    const QStringList words = QStringLiteral("Please send the papers on Thursday, she asked, and six other things.").split(u' ');
+    std::vector<float> once;
+    for (const QString &part : paused ? words : QStringList{words.join(u' ')}) {
+        const std::vector<float> sound = spoken(part);
+        once.insert(once.end(), sound.begin(), sound.end());
+    }
+    std::vector<float> sound;
+    while (sound.size() < 60 * 44100)
+        sound.insert(sound.end(), once.begin(), once.end());
+    std::minstd_rand generator;
+    std::uniform_real_distribution<float> random(-noise, noise);
+    for (float &sample : sound)
+        sample += random(generator);
+    record(sound);
+    QVERIFY(!finish(qint64(sound.size())));
+    const double seconds = double(sound.size()) / 44100;
+    const double megabytesAnHour = double(QFile(m_file.path()).size()) / seconds * 3600 / 1e6;
+    QVERIFY2(megabytesAnHour <= 40, QByteArray::number(megabytesAnHour).constData());
+    QVERIFY2(megabytesAnHour >= 20, QByteArray::number(megabytesAnHour).constData()); // less would not be heard well
 }
 
 QTEST_GUILESS_MAIN(FinishingTest)

@@ -12,7 +12,7 @@ namespace kest {
 /// What a recording is encoded as.
 struct EncoderFormat {
     int sampleRate = 44100; ///< Hz.
-    int bitRate = 72000;    ///< Bits a second.
+    int bitRate = 66000;    ///< Bits a second, on average; docs/decisions/0005-speech-bit-rate.md.
 };
 
 /// Encodes one recording into a file that is playable all the while.

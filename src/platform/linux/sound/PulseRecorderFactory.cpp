@@ -24,7 +24,6 @@ Q_LOGGING_CATEGORY(logRecording, "kest.recording")
 
 constexpr quint32 formatMpeg4Aac = 0x61616320; // "aac "
 constexpr int warmMilliseconds = 5000;
-constexpr int speechBitRate = 72000; // docs/decisions/0005-speech-bit-rate.md
 
 Error unsupported(const QString &reason)
 {
@@ -59,7 +58,7 @@ std::unique_ptr<AudioFileRecorder> PulseRecorderFactory::create(const FileURL &u
         return nullptr;
     }
     return std::make_unique<PulseRecorder>(
-        url, EncoderFormat{CaptureStream::sampleRate, speechBitRate},
+        url, EncoderFormat{.sampleRate = CaptureStream::sampleRate},
         PulseRecorder::Parts{[this] { return startCapture(); }, m_encoders, m_journal, m_jobs});
 }
 

@@ -32,7 +32,7 @@ int AacEncoder::open(const EncoderFormat &format)
     m_codec->profile = FF_PROFILE_AAC_LOW;
     m_codec->cutoff = highestKept;
     m_codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER; // MPEG-4 files keep the codec's header outside the packets
-    av_opt_set(m_codec->priv_data, "aac_coder", "twoloop", 0); // docs/decisions/0005-speech-bit-rate.md
+    av_opt_set(m_codec->priv_data, "aac_coder", "fast", 0); // docs/decisions/0005-speech-bit-rate.md
     const int status = avcodec_open2(m_codec.get(), codec, nullptr);
     if (status == 0)
         m_pending.reserve(m_codec->frame_size);
