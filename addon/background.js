@@ -55,6 +55,8 @@ const connection = new Connection({
 // Thunderbird run this page without waiting for another event.
 messenger.runtime.onStartup.addListener(() => connection.open());
 messenger.runtime.onInstalled.addListener(() => connection.open());
+// Kest may have been installed meanwhile.
+messenger.windows.onFocusChanged.addListener(() => connection.open());
 windows.listen();
 outgoing.listen();
 connection.open();

@@ -7,6 +7,7 @@ const FIRST_RETRY_MS = 500;
 const LAST_RETRY_MS = 8000;
 const SILENT_TRIES = 3;
 const STEADY_MS = 10000;
+const AT_ONCE_MS = 5000;
 
 /** The object behind the base64 of its JSON; null when it is none. */
 function parsed(base64) {
@@ -21,8 +22,9 @@ function parsed(base64) {
 
 /**
  * Connects, says hello and hands every message on. A host that has spoken and
- * died is started again, after a growing pause; one that never speaks is tried
- * a few times and then left alone until Thunderbird wakes the add-on again.
+ * died is started again, after a growing pause, and so is one that gave a busy
+ * Thunderbird up before it came to say hello. One that ends at once is tried a
+ * few times and then left alone until the next open().
  */
 export class Connection {
   #port = null;
@@ -86,8 +88,9 @@ export class Connection {
     this.#port = null;
     this.#pieces = [];
     this.on.closed();
-    this.#failures = this.#spoke && Date.now() - this.#since > STEADY_MS ? 0 : this.#failures + 1;
-    if (!this.#spoke && this.#failures >= SILENT_TRIES) {
+    const lasted = Date.now() - this.#since;
+    this.#failures = this.#spoke && lasted > STEADY_MS ? 0 : this.#failures + 1;
+    if (!this.#spoke && lasted < AT_ONCE_MS && this.#failures >= SILENT_TRIES) {
       console.warn("Kest's mail host does not start; see whether Kest is installed.");
       this.#failures = 0;
       return;

@@ -71,14 +71,28 @@ test("a host that keeps dying is started ever more slowly, down to once in eight
   assert.equal(ports.length, count + 1);
 });
 
-test("a host that never speaks is left alone after three tries", () => {
+test("a host that ends at once is left alone after three tries, until the next open", () => {
   mock.method(console, "warn", () => {});
-  connect();
+  const connection = connect();
   for (let round = 0; round < 20; round++) {
     ports.at(-1).onDisconnect.fire();
     mock.timers.tick(60000);
   }
   assert.equal(ports.length, 3);
+  connection.open();
+  assert.equal(ports.length, 4);
+});
+
+test("a host that gives a busy Thunderbird up is started again each time", () => {
+  mock.timers.reset();
+  mock.timers.enable({ apis: ["setTimeout", "Date"] });
+  connect();
+  for (let round = 0; round < 20; round++) {
+    mock.timers.tick(10000);
+    ports.at(-1).onDisconnect.fire();
+    mock.timers.tick(8000);
+  }
+  assert.equal(ports.length, 21);
 });
 
 test("a disconnect of an old port does not touch the new one", () => {

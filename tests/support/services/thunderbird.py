@@ -63,8 +63,9 @@ class Thunderbird:
 
     def wait_ready(self, seconds=120):
         """Until its main window is there and the host answers on the bus."""
-        wait_until(self.on_bus, f"{BUS_NAME} on the bus", seconds, every=0.05)
-        wait_until(lambda: self.windows("Mozilla Thunderbird"), "Thunderbird's main window", seconds, every=0.05)
+        with self._telling_what_there_is():
+            wait_until(self.on_bus, f"{BUS_NAME} on the bus", seconds, every=0.05)
+            wait_until(lambda: self.windows("Mozilla Thunderbird"), "Thunderbird's main window", seconds, every=0.05)
 
     def wait_off_bus(self, seconds=60):
         wait_until(lambda: not self.on_bus(), f"{BUS_NAME} to leave the bus", seconds, every=0.02)
@@ -124,11 +125,21 @@ class Thunderbird:
         return "thunderbird" in done.stdout
 
     def wait_window(self, title, seconds=60):
-        what = f"a Thunderbird window “{title}”"
+        with self._telling_what_there_is():
+            return wait_until(lambda: self.windows(title), f"a Thunderbird window “{title}”", seconds, every=0.05)[-1]
+
+    @contextlib.contextmanager
+    def _telling_what_there_is(self):
         try:
-            return wait_until(lambda: self.windows(title), what, seconds, every=0.05)[-1]
+            yield
         except ServiceError as error:
-            raise ServiceError(f"{error}; there are {self._titles()}") from error
+            raise ServiceError(f"{error}; {self._state()}, its windows are {self._titles()}") from error
+
+    def _state(self):
+        if not self.process:
+            return "Thunderbird was not started here"
+        status = self.process.poll()
+        return f"Thunderbird runs with host {self.host_pid()}" if status is None else f"Thunderbird has ended with {status}"
 
     def _titles(self):
         return [self.title_of(window) for window in self.windows()]
