@@ -1,4 +1,5 @@
-"""Recorders under one hand: Kest and what else a person could record with. Used by bench/beside.py."""
+"""Recorders under one hand: Kest and what else a person could record with. Used by bench/beside.py and
+bench/recording.py."""
 
 import os
 import re

@@ -5,13 +5,11 @@
 
 On a private PulseAudio and a private PipeWire with a virtual microphone. Processor time and memory stand beside those
 of `ffmpeg -f pulse`, which records the same microphone with the same encoder at the same time of day. `--hour` also
-records an hour, which PulseAudio's virtual microphone speaks in two minutes.
+records an hour, which PulseAudio's virtual microphone speaks in six minutes.
 """
 
 import argparse
 import json
-import os
-import re
 import statistics
 import subprocess
 import sys
@@ -21,6 +19,7 @@ from pathlib import Path
 top = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(top / "tests/support"))
 
+from recorders import Ffmpeg, processor_seconds, pss  # noqa: E402
 from services.base import Sandbox  # noqa: E402
 from services.bus import SessionBus  # noqa: E402
 from services.sound import SoundServer  # noqa: E402
@@ -43,24 +42,18 @@ def babble(sandbox, microphone):
     microphone.play(path, wait=False)
 
 
-def ffmpeg(sandbox):
+def ffmpeg(sandbox, server):
     """(percent of a core, MB of PSS) of the well-known recorder over one take."""
-    command = ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", "-i", "default", "-ac", "1", "-ar", "44100",
-               "-c:a", "aac", "-b:a", "66k", sandbox.root / "peer.m4a"]
-    process = sandbox.start("ffmpeg", command)
+    recorder = Ffmpeg(sandbox, server)
+    recorder.press()
     time.sleep(1)
-    before, began = processor_seconds(process.pid), time.monotonic()
+    pid = recorder.process.pid
+    before, began = processor_seconds(pid), time.monotonic()
     time.sleep(TAKE)
-    used = (processor_seconds(process.pid) - before) / (time.monotonic() - began)
-    rollup = Path(f"/proc/{process.pid}/smaps_rollup").read_text()
-    memory = int(re.search(r"^Pss:\s+(\d+)", rollup, re.M).group(1)) / 1024
-    sandbox.stop(process)
+    used = (processor_seconds(pid) - before) / (time.monotonic() - began)
+    memory = pss(pid)
+    recorder.stop()
     return used * 100, memory
-
-
-def processor_seconds(pid):
-    fields = Path(f"/proc/{pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
 def spread(runs, key):
@@ -100,7 +93,7 @@ def main():
             take = json.loads(sandbox.run([program, "take", TAKE], seconds=60))
             time.sleep(5)
             babble(sandbox, server.microphone)
-            report(kind, calls, take, ffmpeg(sandbox))
+            report(kind, calls, take, ffmpeg(sandbox, server))
             if options.hour and kind == "pulseaudio":
                 hour = json.loads(sandbox.run([program, "hour"], seconds=900))
                 print(f"\nOne hour: stop to finished file {hour['finished ms']:.0f} ms, {hour['megabytes']:.1f} MB, "

@@ -17,6 +17,7 @@ const QColor litColor = QColor::fromRgbF(0.3F, 0.8F, 0.9F);
 KestLevelsView::KestLevelsView(QWidget *parent)
     : QWidget(parent)
 {
+    setAttribute(Qt::WA_OpaquePaintEvent); // what lies beneath need not be painted ten times a second
 }
 
 void KestLevelsView::updatePowerLevel(float level)
@@ -39,11 +40,10 @@ void KestLevelsView::paintEvent(QPaintEvent *event)
 {
     QWidget::paintEvent(event);
     QPainter painter(this);
+    painter.fillRect(rect(), unlitColor);
     // The border between the two parts may fall within a pixel.
     painter.setRenderHint(QPainter::Antialiasing);
-    const double fill = m_powerFraction * width();
-    painter.fillRect(QRectF(fill, 0.0, width() - fill, height()), unlitColor);
-    painter.fillRect(QRectF(0.0, 0.0, fill, height()), litColor);
+    painter.fillRect(QRectF(0.0, 0.0, m_powerFraction * width(), height()), litColor);
 }
 
 } // namespace kest

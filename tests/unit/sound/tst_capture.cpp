@@ -29,7 +29,8 @@ std::vector<int> keptBy(CaptureGate &gate)
     for (int number = 0; number < rate; number += 441) {
         for (int i = 0; i < 441; ++i)
             chunk[size_t(i)] = float(number + i);
-        gate.pass(chunk.data(), 441, second + number * second / rate, [&](const float *samples, qsizetype count) {
+        const auto start = [number] { return second + number * second / rate; };
+        gate.pass(chunk.data(), 441, start, [&](const float *samples, qsizetype count) {
             for (qsizetype i = 0; i < count; ++i)
                 kept.push_back(int(samples[i]));
         });
@@ -66,8 +67,10 @@ private Q_SLOTS:
     void gateCutsWhereThePressWas();
     void pauseAndResumeInOneChunkCutBoth();
     void gateEndsForGood();
+    void gateAsksForTheTimeOnlyForACut();
     void meterReadsRootMeanSquare();
     void meterForgetsAfterATenthOfASecond();
+    void meterReadsTheSameInChunksOfAnySize();
     void meterReadsSilence();
     void ringGivesBackWhatItWasGiven();
     void ringTakesNoMoreThanItHolds();
@@ -118,6 +121,25 @@ void CaptureTest::gateEndsForGood()
     QVERIFY(gate.hasEnded());
 }
 
+void CaptureTest::gateAsksForTheTimeOnlyForACut()
+{
+    CaptureGate gate(rate);
+    const std::vector<float> chunk(441);
+    int asked = 0;
+    qsizetype kept = 0;
+    const auto pass = [&] {
+        gate.pass(chunk.data(), 441, [&] { return ++asked, second; }, [&](const float *, qsizetype count) { kept += count; });
+    };
+    pass();
+    QCOMPARE(asked, 0);
+    gate.schedule(CaptureGate::Action::Open, second);
+    pass();
+    QCOMPARE(asked, 1);
+    pass();
+    QCOMPARE(asked, 1);
+    QCOMPARE(kept, 2 * 441);
+}
+
 void CaptureTest::meterReadsRootMeanSquare()
 {
     LevelMeter meter(rate);
@@ -139,6 +161,19 @@ void CaptureTest::meterForgetsAfterATenthOfASecond()
     QVERIFY(meter.decibels() > -10.0F);
     meter.add(nothing.data(), qsizetype(nothing.size()) / 2);
     QCOMPARE(meter.decibels(), LevelMeter::silence);
+}
+
+void CaptureTest::meterReadsTheSameInChunksOfAnySize()
+{
+    const auto voice = sine(0.3, rate);
+    LevelMeter whole(rate);
+    whole.add(voice.data(), rate);
+    for (const qsizetype size : {1, 7, 8, 440, 882, 5000}) {
+        LevelMeter parts(rate);
+        for (qsizetype from = 0; from < rate; from += size)
+            parts.add(voice.data() + from, std::min(size, rate - from));
+        QVERIFY(std::fabs(parts.decibels() - whole.decibels()) < 0.001F);
+    }
 }
 
 void CaptureTest::meterReadsSilence()

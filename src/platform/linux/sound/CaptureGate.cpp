@@ -25,10 +25,12 @@ void CaptureGate::schedule(Action action, MonotonicTime time)
     m_cuts.push_back({action, m_latest});
 }
 
-void CaptureGate::pass(const float *samples, qsizetype count, MonotonicTime start,
+void CaptureGate::pass(const float *samples, qsizetype count, const std::function<MonotonicTime()> &start,
                        const std::function<void(const float *samples, qsizetype count)> &keep)
 {
-    const MonotonicTime chunkEnd = start + count * nanosecondsPerSecond / m_sampleRate;
+    const bool mayBeCut = hasCuts();
+    const MonotonicTime chunkStart = mayBeCut ? start() : 0;
+    const MonotonicTime chunkEnd = chunkStart + count * nanosecondsPerSecond / m_sampleRate;
     qsizetype position = 0;
     const auto advanceTo = [&](qsizetype next) {
         if (m_open && next > position)
@@ -36,14 +38,20 @@ void CaptureGate::pass(const float *samples, qsizetype count, MonotonicTime star
         position = next;
     };
     Cut cut = {};
-    while (!m_ended && takeCutBefore(chunkEnd, &cut)) {
-        const qsizetype offset = qsizetype((cut.time - start) * m_sampleRate / nanosecondsPerSecond);
+    while (mayBeCut && !m_ended && takeCutBefore(chunkEnd, &cut)) {
+        const qsizetype offset = qsizetype((cut.time - chunkStart) * m_sampleRate / nanosecondsPerSecond);
         advanceTo(std::clamp(offset, position, count));
         m_open = cut.action == Action::Open;
         m_ended = cut.action == Action::End;
     }
     if (!m_ended)
         advanceTo(count);
+}
+
+bool CaptureGate::hasCuts()
+{
+    const std::lock_guard lock(m_mutex);
+    return !m_cuts.empty();
 }
 
 bool CaptureGate::takeCutBefore(MonotonicTime time, Cut *cut)

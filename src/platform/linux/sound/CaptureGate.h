@@ -34,9 +34,9 @@ public:
     void schedule(Action action, MonotonicTime time);
 
     /// Capture thread: hands the parts of a chunk that belong to the recording
-    /// to `keep`, in order. `start` is the moment at which its first sample was
-    /// captured.
-    void pass(const float *samples, qsizetype count, MonotonicTime start,
+    /// to `keep`, in order. `start` tells the moment at which its first sample was
+    /// captured; it is asked only where something is scheduled.
+    void pass(const float *samples, qsizetype count, const std::function<MonotonicTime()> &start,
               const std::function<void(const float *samples, qsizetype count)> &keep);
 
     /// Capture thread: no more samples come; everything scheduled is as done.
@@ -52,6 +52,7 @@ private:
         MonotonicTime time;
     };
 
+    bool hasCuts();
     bool takeCutBefore(MonotonicTime time, Cut *cut);
 
     const int m_sampleRate;

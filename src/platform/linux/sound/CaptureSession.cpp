@@ -21,11 +21,10 @@ constexpr int stopMilliseconds = 300;
 /// without its beginning.
 constexpr qint64 openingMargin = 60 * millisecond;
 
-/// Three packets of the encoder: fewer are not worth a wake-up.
-constexpr qsizetype samplesWorthWaking = 3072;
-
-/// How long samples may lie with the server while nobody waits for the first or the last of them.
-constexpr int readingMilliseconds = 40;
+/// How long samples may lie with the server while nobody waits for the first or the last of them. Each reading wakes the
+/// encoder, whose code has left the processor's caches by then: one wake-up for four packets, and no more than a tenth of a
+/// second that a crash takes.
+constexpr int readingMilliseconds = 100;
 
 } // namespace
 
@@ -71,7 +70,6 @@ void CaptureSession::stop()
     m_gate.schedule(CaptureGate::Action::End, now);
     post([self = shared_from_this(), now] {
         if (self->m_state == State::Streaming) {
-            self->m_context->thread().setReadingInterval(0);
             self->m_stopBy = now + stopMilliseconds * millisecond;
             self->m_watch->setSingleShot(stopMilliseconds);
         } else {
@@ -87,7 +85,7 @@ void CaptureSession::abandon()
 
 qsizetype CaptureSession::read(float *samples, qsizetype count, int milliseconds)
 {
-    if (m_ring.available() < samplesWorthWaking && !hasEnded())
+    if (m_ring.available() == 0 && !hasEnded())
         m_samplesReady.wait(milliseconds);
     return m_ring.read(samples, count);
 }
@@ -102,6 +100,7 @@ void CaptureSession::post(std::function<void()> task)
 void CaptureSession::open()
 {
     m_context->addListener(shared_from_this());
+    m_context->thread().addReader(this);
     m_watch = std::make_unique<PulseTimer>(m_context->thread(), [this] { watch(); });
     m_waitingSince = monotonicNow();
     m_context->ensureConnected();
@@ -147,7 +146,22 @@ void CaptureSession::streamLost()
     fail(RecordingTrouble::MicrophoneLost, microphoneName());
 }
 
-void CaptureSession::samplesCaptured(const float *samples, qsizetype count, MonotonicTime start, bool clipped)
+int CaptureSession::readingInterval() const
+{
+    return capturedSamples() > 0 && !m_stopBy ? readingMilliseconds : 0;
+}
+
+void CaptureSession::everythingRead()
+{
+    if (m_ring.available() > 0)
+        m_samplesReady.wake();
+    // Only now: after a while in which nothing ran, what was captured meanwhile is still to be read.
+    if (const auto trouble = troubleOfWaiting(monotonicNow() - m_waitingSince))
+        fail(*trouble, microphoneName());
+}
+
+void CaptureSession::samplesCaptured(const float *samples, qsizetype count, const std::function<MonotonicTime()> &start,
+                                     bool clipped)
 {
     if (m_state != State::Streaming)
         return;
@@ -181,16 +195,12 @@ void CaptureSession::keep(const float *samples, qsizetype count)
     const qint64 before = m_captured.fetch_add(taken, std::memory_order_acq_rel);
     if (before == 0 && taken > 0)
         firstSampleCaptured();
-    if (m_ring.available() >= samplesWorthWaking)
-        m_samplesReady.wake();
     if (taken < count)
         fail(RecordingTrouble::CannotWrite);
 }
 
 void CaptureSession::firstSampleCaptured()
 {
-    if (!m_stopBy)
-        m_context->thread().setReadingInterval(readingMilliseconds);
     if (m_events.captureStarted)
         m_events.captureStarted();
 }
@@ -202,9 +212,10 @@ void CaptureSession::watch()
         end();
         return;
     }
-    m_watch->setSingleShot(m_stopBy ? int((m_stopBy - now) / millisecond) + 1 : watchMilliseconds);
-    if (const auto trouble = troubleOfWaiting(now - m_waitingSince))
-        fail(*trouble, microphoneName());
+    if (m_stopBy)
+        m_watch->setSingleShot(int((m_stopBy - now) / millisecond) + 1);
+    else if (readingInterval() == 0) // else there are readings all the time
+        m_watch->setSingleShot(watchMilliseconds);
 }
 
 std::optional<RecordingTrouble> CaptureSession::troubleOfWaiting(qint64 waited) const
@@ -235,14 +246,15 @@ void CaptureSession::end()
 {
     if (std::exchange(m_state, State::Ended) == State::Ended)
         return;
+    const auto self = shared_from_this(); // the context may be the last that has it
     m_gate.end();
     m_meter.reset();
     m_inputWatch.reset();
     tellInputCondition();
+    m_context->thread().removeReader(this);
     m_context->removeListener(this);
-    m_context->thread().setReadingInterval(0);
     // Later: this may be called from a callback of the one or the other.
-    m_context->thread().post([self = shared_from_this()] {
+    m_context->thread().post([self] {
         self->m_stream.reset();
         self->m_watch.reset();
         self->m_events = {};

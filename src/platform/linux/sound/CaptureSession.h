@@ -25,6 +25,7 @@ namespace kest {
 /// the ring.
 class CaptureSession final : public std::enable_shared_from_this<CaptureSession>,
                              public PulseContextListener,
+                             public PulseReader,
                              public CaptureStreamListener
 {
 public:
@@ -65,8 +66,8 @@ public:
     float decibels() const { return m_meter.decibels(); }
     bool hasEnded() const { return m_ended.load(std::memory_order_acquire); }
 
-    /// For the one reader: takes samples out; waits up to `milliseconds` for
-    /// enough to be worth it.
+    /// For the one reader: takes samples out; waits up to `milliseconds` where
+    /// there are none.
     qsizetype read(float *samples, qsizetype count, int milliseconds);
 
 private:
@@ -74,7 +75,10 @@ private:
 
     void sourcesChanged() override;
     void contextLost() override;
-    void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start, bool clipped) override;
+    int readingInterval() const override;
+    void everythingRead() override;
+    void samplesCaptured(const float *samples, qsizetype count, const std::function<MonotonicTime()> &start,
+                         bool clipped) override;
     void streamLost() override;
 
     void post(std::function<void()> task);

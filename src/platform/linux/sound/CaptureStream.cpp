@@ -86,28 +86,27 @@ bool CaptureStream::readChunk()
     size_t bytes = 0;
     if (m_pulse.stream_peek(m_stream, &data, &bytes) < 0 || bytes == 0)
         return false;
-    const qsizetype frames = qsizetype(bytes / m_pulse.frame_size(m_pulse.stream_get_sample_spec(m_stream)));
-    const MonotonicTime start = captureTime(frames);
+    const qsizetype frames = qsizetype(bytes / sizeof(float)) / m_source.channels.channels;
     const auto *interleaved = static_cast<const float *>(data); // null is a hole: what the server lost, kept as silence
-    average(interleaved, frames);
     const bool clipped = interleaved && m_clipping.hearsClipping(interleaved, frames);
+    m_listener.samplesCaptured(monoOf(interleaved, frames), frames, [&] { return captureTime(frames); }, clipped);
     m_pulse.stream_drop(m_stream);
-    m_listener.samplesCaptured(m_mono.data(), frames, start, clipped);
     return true;
 }
 
-void CaptureStream::average(const float *interleaved, qsizetype frames)
+const float *CaptureStream::monoOf(const float *interleaved, qsizetype frames)
 {
-    m_mono.assign(frames, 0.0F);
-    if (!interleaved)
-        return;
-    const int channels = m_pulse.stream_get_sample_spec(m_stream)->channels;
+    const int channels = m_source.channels.channels;
+    if (interleaved && channels == 1)
+        return interleaved;
+    m_mono.resize(size_t(frames));
     for (qsizetype frame = 0; frame < frames; ++frame) {
         float sum = 0;
-        for (int channel = 0; channel < channels; ++channel)
+        for (int channel = 0; interleaved && channel < channels; ++channel)
             sum += interleaved[frame * channels + channel];
-        m_mono[frame] = sum / float(channels);
+        m_mono[size_t(frame)] = sum / float(channels);
     }
+    return m_mono.data();
 }
 
 MonotonicTime CaptureStream::captureTime(qsizetype frames) const

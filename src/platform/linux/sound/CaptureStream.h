@@ -4,6 +4,7 @@
 #include "platform/linux/sound/ClippingDetector.h"
 #include "platform/linux/sound/PulseContext.h"
 
+#include <functional>
 #include <vector>
 
 namespace kest {
@@ -14,9 +15,11 @@ class CaptureStreamListener
 public:
     virtual ~CaptureStreamListener() = default;
 
-    /// Mono samples, full scale -1 to 1. `start` is the moment at which the
-    /// first of them was captured; `clipped`: a channel was cut off among them.
-    virtual void samplesCaptured(const float *samples, qsizetype count, MonotonicTime start, bool clipped) = 0;
+    /// Mono samples, full scale -1 to 1. `start` tells the moment at which the
+    /// first of them was captured, to those who ask during the call; `clipped`: a
+    /// channel was cut off among them.
+    virtual void samplesCaptured(const float *samples, qsizetype count, const std::function<MonotonicTime()> &start,
+                                 bool clipped) = 0;
 
     /// The source is gone, or the stream was refused. Last call.
     virtual void streamLost() = 0;
@@ -51,7 +54,7 @@ private:
     void stateChanged();
     void readAvailable();
     bool readChunk();
-    void average(const float *interleaved, qsizetype frames);
+    const float *monoOf(const float *interleaved, qsizetype frames);
     MonotonicTime captureTime(qsizetype frames) const;
 
     PulseContext &m_context;
@@ -60,7 +63,7 @@ private:
     CaptureStreamListener &m_listener;
     pa_stream *m_stream = nullptr;
     ClippingDetector m_clipping;
-    std::vector<float> m_mono;
+    std::vector<float> m_mono; // made from several channels, or from a hole
 };
 
 } // namespace kest

@@ -1,6 +1,6 @@
 #include "platform/linux/sound/FileSyncer.h"
 
-#include <QLoggingCategory>
+#include "platform/linux/sound/RecordingLog.h"
 
 #include <unistd.h>
 
@@ -8,12 +8,6 @@
 #include <system_error>
 
 namespace kest {
-
-namespace {
-
-Q_LOGGING_CATEGORY(logRecording, "kest.recording")
-
-} // namespace
 
 FileSyncer::FileSyncer(int file, std::function<void()> first)
     : m_file(file), m_first(std::move(first))

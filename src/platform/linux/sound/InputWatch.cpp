@@ -6,20 +6,30 @@ namespace kest {
 
 void InputWatch::add(const float *samples, qsizetype count, bool clipped)
 {
-    for (qsizetype i = 0; i < count; ++i) {
-        const bool isAudible = std::fabs(samples[i]) >= audible;
-        m_zeros = samples[i] == 0.0F ? m_zeros + 1 : 0;
-        m_quiet = isAudible ? 0 : m_quiet + 1;
-        m_heard = m_heard || isAudible;
-        if (isAudible)
-            m_silent = false;
-        else if (m_zeros >= secondsOfZeros * m_sampleRate || m_quiet >= secondsOfQuiet * m_sampleRate)
-            m_silent = true;
+    // What was before the last audible sample does not matter any more; while somebody speaks, that is found at once.
+    qsizetype heard = count;
+    while (heard > 0 && !(std::fabs(samples[heard - 1]) >= audible))
+        --heard;
+    if (heard > 0) {
+        m_heard = true;
+        m_silent = false;
+        m_zeros = m_quiet = 0;
     }
+    addQuiet(samples + heard, count - heard);
     if (clipped)
         m_sinceClipping = 0;
     else if (m_sinceClipping >= 0)
         m_sinceClipping += count;
+}
+
+void InputWatch::addQuiet(const float *samples, qsizetype count)
+{
+    for (qsizetype i = 0; i < count; ++i) {
+        m_zeros = samples[i] == 0.0F ? m_zeros + 1 : 0;
+        m_silent = m_silent || m_zeros >= secondsOfZeros * m_sampleRate;
+    }
+    m_quiet += count;
+    m_silent = m_silent || m_quiet >= secondsOfQuiet * m_sampleRate;
 }
 
 InputCondition InputWatch::condition() const

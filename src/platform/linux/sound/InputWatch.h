@@ -34,6 +34,8 @@ public:
     InputCondition condition() const;
 
 private:
+    void addQuiet(const float *samples, qsizetype count);
+
     int m_sampleRate;
     qint64 m_zeros = 0;          // zeros in a row
     qint64 m_quiet = 0;          // samples in a row that are not audible

@@ -6,15 +6,44 @@
 
 namespace kest {
 
+namespace {
+
+double sumOfSquares(const float *samples, qsizetype count)
+{
+    // Sums beside each other: each addition to a single one would have to wait for the one before.
+    std::array<double, 8> sums = {};
+    qsizetype i = 0;
+    for (; i + qsizetype(sums.size()) <= count; i += qsizetype(sums.size())) {
+        for (size_t lane = 0; lane < sums.size(); ++lane)
+            sums[lane] += double(samples[size_t(i) + lane]) * double(samples[size_t(i) + lane]);
+    }
+    for (; i < count; ++i)
+        sums[0] += double(samples[i]) * double(samples[i]);
+    return std::accumulate(sums.begin(), sums.end(), 0.0);
+}
+
+} // namespace
+
 LevelMeter::LevelMeter(int sampleRate) : m_blockSize(std::max(1, sampleRate / 100)) { }
 
 void LevelMeter::add(const float *samples, qsizetype count)
 {
-    for (qsizetype i = 0; i < count; ++i) {
-        m_sum += double(samples[i]) * double(samples[i]);
-        if (++m_inBlock == m_blockSize)
+    while (count > 0) {
+        const qsizetype taken = std::min(count, qsizetype(m_blockSize - m_inBlock));
+        m_sum += sumOfSquares(samples, taken);
+        m_inBlock += int(taken);
+        samples += taken;
+        count -= taken;
+        if (m_inBlock == m_blockSize)
             closeBlock();
     }
+}
+
+float LevelMeter::decibels() const
+{
+    const double power = m_power.load(std::memory_order_relaxed);
+    const double level = power > 0 ? 10 * std::log10(power) : double(silence);
+    return float(std::clamp(level, double(silence), 0.0));
 }
 
 void LevelMeter::reset()
@@ -22,7 +51,7 @@ void LevelMeter::reset()
     m_blocks.fill(0);
     m_blockCount = m_nextBlock = m_inBlock = 0;
     m_sum = 0;
-    m_decibels.store(silence, std::memory_order_relaxed);
+    m_power.store(0, std::memory_order_relaxed);
 }
 
 void LevelMeter::closeBlock()
@@ -33,8 +62,7 @@ void LevelMeter::closeBlock()
     m_sum = 0;
     m_inBlock = 0;
     const double power = std::accumulate(m_blocks.begin(), m_blocks.end(), 0.0) / (double(m_blockCount) * m_blockSize);
-    const double level = power > 0 ? 10 * std::log10(power) : double(silence);
-    m_decibels.store(float(std::clamp(level, double(silence), 0.0)), std::memory_order_relaxed);
+    m_power.store(power, std::memory_order_relaxed);
 }
 
 } // namespace kest

@@ -25,7 +25,7 @@ public:
     void reset();
 
     /// Any thread. `silence` until 10 ms were heard.
-    float decibels() const { return m_decibels.load(std::memory_order_relaxed); }
+    float decibels() const;
 
 private:
     void closeBlock();
@@ -36,7 +36,7 @@ private:
     int m_nextBlock = 0;
     double m_sum = 0;
     int m_inBlock = 0;
-    std::atomic<float> m_decibels = silence;
+    std::atomic<double> m_power = 0; // mean square
 };
 
 } // namespace kest

@@ -26,7 +26,6 @@
     FUNCTION(context_set_subscribe_callback) \
     FUNCTION(context_subscribe)              \
     FUNCTION(context_unref)                  \
-    FUNCTION(frame_size)                     \
     FUNCTION(gettimeofday)                   \
     FUNCTION(mainloop_free)                  \
     FUNCTION(mainloop_get_api)               \
@@ -46,7 +45,6 @@
     FUNCTION(stream_get_device_index)        \
     FUNCTION(stream_get_device_name)         \
     FUNCTION(stream_get_latency)             \
-    FUNCTION(stream_get_sample_spec)         \
     FUNCTION(stream_get_state)               \
     FUNCTION(stream_get_time)                \
     FUNCTION(stream_new)                     \
@@ -74,7 +72,7 @@ struct PulseFunctions {
 
 /// Name of the C function by which the plugin hands out its PulseFunctions, which
 /// live as long as the process. The name carries the interface's generation.
-inline constexpr char pulsePluginEntry[] = "kest_pulse_functions_1";
+inline constexpr char pulsePluginEntry[] = "kest_pulse_functions_2";
 using PulsePluginEntry = const PulseFunctions *(*)();
 
 } // namespace kest

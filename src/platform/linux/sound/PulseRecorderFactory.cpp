@@ -5,10 +5,10 @@
 #include "platform/linux/sound/PulseMicrophoneTrial.h"
 #include "platform/linux/sound/PulsePlayer.h"
 #include "platform/linux/sound/PulseSound.h"
+#include "platform/linux/sound/RecordingLog.h"
 #include "platform/linux/sound/RecordingRecovery.h"
 
 #include <QCoreApplication>
-#include <QLoggingCategory>
 #include <QTimer>
 
 #include <unistd.h>
@@ -19,8 +19,6 @@
 namespace kest {
 
 namespace {
-
-Q_LOGGING_CATEGORY(logRecording, "kest.recording")
 
 constexpr quint32 formatMpeg4Aac = 0x61616320; // "aac "
 constexpr int warmMilliseconds = 5000;

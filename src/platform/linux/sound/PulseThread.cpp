@@ -76,9 +76,14 @@ void PulseThread::post(Task task)
     m_wakeUp.wake();
 }
 
-void PulseThread::setReadingInterval(int milliseconds)
+void PulseThread::addReader(PulseReader *reader)
 {
-    m_readingInterval = milliseconds;
+    m_readers.push_back(reader);
+}
+
+void PulseThread::removeReader(PulseReader *reader)
+{
+    std::erase(m_readers, reader);
 }
 
 void PulseThread::run()
@@ -103,14 +108,31 @@ bool PulseThread::turn()
 
 int PulseThread::poll(pollfd *descriptors, unsigned long count, int timeout) const
 {
-    if (m_readingInterval == 0)
+    if (m_readers.empty())
         return ::poll(descriptors, nfds_t(count), timeout);
     // A turn of the loop reads a piece of a message: all that is there must be read, or what comes in grows without end.
     if (const int ready = ::poll(descriptors, nfds_t(count), 0); ready != 0)
         return ready;
+    tellEverythingRead();
+    const int interval = readingInterval();
+    if (interval == 0)
+        return ::poll(descriptors, nfds_t(count), timeout);
     pollfd posted = {m_wakeUp.descriptor(), POLLIN, 0};
-    ::poll(&posted, 1, timeout < 0 ? m_readingInterval : std::min(m_readingInterval, timeout));
+    ::poll(&posted, 1, timeout < 0 ? interval : std::min(interval, timeout));
     return ::poll(descriptors, nfds_t(count), 0);
+}
+
+void PulseThread::tellEverythingRead() const
+{
+    const std::vector<PulseReader *> readers = m_readers; // one may take itself away
+    for (PulseReader *reader : readers)
+        reader->everythingRead();
+}
+
+int PulseThread::readingInterval() const
+{
+    const auto interval = [](const PulseReader *reader) { return reader->readingInterval(); };
+    return m_readers.empty() ? 0 : interval(*std::ranges::min_element(m_readers, {}, interval));
 }
 
 bool PulseThread::runTasks()

@@ -13,6 +13,22 @@
 
 namespace kest {
 
+/// Reads what the server sends, and says how soon that must be. Called on the
+/// PulseThread.
+class PulseReader
+{
+public:
+    virtual ~PulseReader() = default;
+
+    /// How long what the server sent may lie there, in milliseconds; 0: not at
+    /// all.
+    virtual int readingInterval() const = 0;
+
+    /// What was there has been read. Comes after every reading, also where nothing
+    /// was there.
+    virtual void everythingRead() = 0;
+};
+
 /// The thread on which everything that concerns the sound server happens.
 ///
 /// Others never touch a libpulse object: they post tasks. Posting takes a queue
@@ -35,10 +51,10 @@ public:
     /// Any thread. Tasks run in the order of posting.
     void post(Task task);
 
-    /// What the server sends is looked at only so often from now on, in
-    /// milliseconds; 0: at once. Posted tasks never wait for it. On the thread
-    /// itself.
-    void setReadingInterval(int milliseconds);
+    /// What the server sends is read as often as the most impatient reader wants;
+    /// at once without any. Posted tasks never wait for it. On the thread itself.
+    void addReader(PulseReader *reader);
+    void removeReader(PulseReader *reader);
 
     /// Runs the task once, `milliseconds` from now, unless libpulse is loaded
     /// before. On the thread itself.
@@ -62,6 +78,8 @@ private:
     void run();
     bool turn(); // false when the loop is broken
     int poll(pollfd *descriptors, unsigned long count, int timeout) const;
+    void tellEverythingRead() const;
+    int readingInterval() const; // 0 without readers
     bool runTasks(); // false when there were none
 
     WakeUp m_wakeUp;
@@ -76,7 +94,7 @@ private:
     pa_mainloop_api *m_api = nullptr;
     pa_io_event *m_event = nullptr;
     bool m_quit = false;
-    int m_readingInterval = 0; // milliseconds
+    std::vector<PulseReader *> m_readers;
     std::thread m_thread;
 };
 

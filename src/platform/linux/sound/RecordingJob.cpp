@@ -2,8 +2,7 @@
 
 #include "platform/linux/sound/FileSyncer.h"
 #include "platform/linux/sound/RecordingFinisher.h"
-
-#include <QLoggingCategory>
+#include "platform/linux/sound/RecordingLog.h"
 
 #include <array>
 
@@ -11,9 +10,7 @@ namespace kest {
 
 namespace {
 
-Q_LOGGING_CATEGORY(logRecording, "kest.recording")
-
-constexpr int waitMilliseconds = 100;
+constexpr int waitMilliseconds = 250; // longer than samples take to come: it is not to wake for nothing
 
 } // namespace
 
@@ -43,7 +40,7 @@ void RecordingJob::encode()
         if (m_parts.entry)
             m_parts.entry->sync();
     });
-    std::array<float, 4096> samples = {};
+    std::array<float, 8192> samples = {};
     while (!m_failed) {
         // Asked before the ring is read: what was captured before the end is in the ring then.
         const bool ended = m_parts.capture->hasEnded();

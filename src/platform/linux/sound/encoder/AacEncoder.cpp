@@ -1,14 +1,19 @@
 #include "platform/linux/sound/encoder/AacEncoder.h"
 
+#include <QLoggingCategory>
+
 extern "C" {
 #include <libavutil/opt.h>
 }
 
 #include <algorithm>
+#include <utility>
 
 namespace kest {
 
 namespace {
+
+Q_LOGGING_CATEGORY(logEncoder, "kest.encoder")
 
 constexpr int highestKept = 15000; // Hz; docs/decisions/0005-speech-bit-rate.md
 
@@ -32,22 +37,33 @@ int AacEncoder::open(const EncoderFormat &format)
     m_codec->profile = FF_PROFILE_AAC_LOW;
     m_codec->cutoff = highestKept;
     m_codec->flags |= AV_CODEC_FLAG_GLOBAL_HEADER; // MPEG-4 files keep the codec's header outside the packets
-    av_opt_set(m_codec->priv_data, "aac_coder", "fast", 0); // docs/decisions/0005-speech-bit-rate.md
-    const int status = avcodec_open2(m_codec.get(), codec, nullptr);
-    if (status == 0)
-        m_pending.reserve(m_codec->frame_size);
-    return status;
+    // docs/decisions/0005-speech-bit-rate.md
+    if (av_opt_set(m_codec->priv_data, "aac_coder", "fast", 0) < 0)
+        qCWarning(logEncoder, "The encoder has no fast coder: recordings cost more of the processor");
+    if (const int status = avcodec_open2(m_codec.get(), codec, nullptr); status < 0)
+        return status;
+    return openFrame();
+}
+
+int AacEncoder::openFrame()
+{
+    m_frame->nb_samples = m_codec->frame_size;
+    m_frame->format = m_codec->sample_fmt;
+    m_frame->sample_rate = m_codec->sample_rate;
+    if (const int status = av_channel_layout_copy(&m_frame->ch_layout, &m_codec->ch_layout); status < 0)
+        return status;
+    return av_frame_get_buffer(m_frame.get(), 0);
 }
 
 int AacEncoder::encode(const float *samples, qsizetype count, const PacketTaker &take)
 {
     while (count > 0) {
-        const qsizetype room = m_codec->frame_size - qsizetype(m_pending.size());
-        const qsizetype taken = std::min(room, count);
-        m_pending.insert(m_pending.end(), samples, samples + taken);
+        const qsizetype taken = std::min(qsizetype(m_codec->frame_size - m_pending), count);
+        std::copy_n(samples, taken, reinterpret_cast<float *>(m_frame->data[0]) + m_pending);
+        m_pending += int(taken);
         samples += taken;
         count -= taken;
-        if (qsizetype(m_pending.size()) < m_codec->frame_size)
+        if (m_pending < m_codec->frame_size)
             return 0;
         if (const int status = sendPending(take))
             return status;
@@ -57,7 +73,7 @@ int AacEncoder::encode(const float *samples, qsizetype count, const PacketTaker 
 
 int AacEncoder::finish(const PacketTaker &take)
 {
-    if (!m_pending.empty()) {
+    if (m_pending > 0) {
         if (const int status = sendPending(take))
             return status;
     }
@@ -68,20 +84,16 @@ int AacEncoder::finish(const PacketTaker &take)
 
 int AacEncoder::sendPending(const PacketTaker &take)
 {
-    av_frame_unref(m_frame.get());
-    m_frame->nb_samples = int(m_pending.size());
-    m_frame->format = m_codec->sample_fmt;
-    m_frame->sample_rate = m_codec->sample_rate;
-    av_channel_layout_copy(&m_frame->ch_layout, &m_codec->ch_layout);
-    if (const int status = av_frame_get_buffer(m_frame.get(), 0))
-        return status;
-    std::copy(m_pending.begin(), m_pending.end(), reinterpret_cast<float *>(m_frame->data[0]));
+    m_frame->nb_samples = std::exchange(m_pending, 0);
     m_frame->pts = m_sent;
     m_sent += m_frame->nb_samples;
-    m_pending.clear();
-    if (const int status = avcodec_send_frame(m_codec.get(), m_frame.get()))
+    if (const int status = avcodec_send_frame(m_codec.get(), m_frame.get()); status < 0)
         return status;
-    return receive(take);
+    if (const int status = receive(take); status < 0)
+        return status;
+    // The codec may have kept the samples; it then gets another piece of memory for the next.
+    m_frame->nb_samples = m_codec->frame_size;
+    return av_frame_make_writable(m_frame.get());
 }
 
 int AacEncoder::receive(const PacketTaker &take)

@@ -4,7 +4,6 @@
 #include "platform/linux/sound/encoder/AvHandles.h"
 
 #include <functional>
-#include <vector>
 
 namespace kest {
 
@@ -30,14 +29,15 @@ public:
     const AVCodecContext *context() const { return m_codec.get(); }
 
 private:
+    int openFrame();
     int sendPending(const PacketTaker &take);
     int receive(const PacketTaker &take);
 
     AvCodec m_codec;
-    AvFrame m_frame;
+    AvFrame m_frame; // has room for a whole frame
     AvPacket m_packet;
-    std::vector<float> m_pending; // less than one frame
-    int64_t m_sent = 0;           // samples handed to the codec
+    int m_pending = 0;  // samples in the frame, less than it has room for
+    int64_t m_sent = 0; // samples handed to the codec
 };
 
 } // namespace kest

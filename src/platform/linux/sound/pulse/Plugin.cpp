@@ -8,7 +8,7 @@ constexpr kest::PulseFunctions functions = {KEST_PULSE_FUNCTIONS(KEST_PULSE_ADDR
 
 } // namespace
 
-extern "C" __attribute__((visibility("default"))) const kest::PulseFunctions *kest_pulse_functions_1()
+extern "C" __attribute__((visibility("default"))) const kest::PulseFunctions *kest_pulse_functions_2()
 {
     return &functions;
 }
