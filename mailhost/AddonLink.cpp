@@ -6,6 +6,7 @@
 
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace kest {
@@ -17,6 +18,7 @@ struct AddonLink::Pending {
     Answered answered;
     QTimer deadline;
     std::unique_ptr<FileHandOver> handOver; ///< Null without files, and after they have travelled.
+    Asker asker = Asker::Kest;
 };
 
 AddonLink::AddonLink(NativeChannel &channel, QObject *parent)
@@ -40,15 +42,24 @@ QString AddonLink::mismatch() const
                m_hello.applicationName, m_hello.version, QStringLiteral(KEST_VERSION));
 }
 
-void AddonLink::request(QJsonObject message, const QList<QDBusUnixFileDescriptor> &files, int deadline,
-                        Answered answered)
+bool AddonLink::hasRoomFor(Asker asker) const
 {
     if (m_pending.size() >= mostPending || m_channel.pendingBytes() > mostUnsent)
+        return false;
+    const auto isOthers = [](const auto &pending) { return pending->asker == Asker::Anybody; };
+    return asker == Asker::Kest || std::ranges::count_if(m_pending, isOthers) < mostOfOthers;
+}
+
+void AddonLink::request(QJsonObject message, const QList<QDBusUnixFileDescriptor> &files, int deadline,
+                        Answered answered, Asker asker)
+{
+    if (!hasRoomFor(asker))
         return answered({{}, u"Failed"_s, u"%1 is busy with other requests."_s.arg(m_hello.applicationName)});
     const int serial = m_nextSerial++;
     message[u"call"_s] = serial;
     auto pending = std::make_shared<Pending>();
     pending->answered = std::move(answered);
+    pending->asker = asker;
     pending->deadline.setSingleShot(true);
     connect(&pending->deadline, &QTimer::timeout, this, [this, serial] {
         answer(serial, {{}, u"TimedOut"_s, u"%1 did not answer in time."_s.arg(m_hello.applicationName)});

@@ -52,8 +52,13 @@ public:
     /// Sending may wait for a person who is asked something.
     static constexpr int sendDeadline = 115 * 1000;
 
+    /// Who asks: Kest, or anybody else on the bus.
+    enum class Asker { Kest, Anybody };
+
     /// Requests without an answer yet; one more fails at once.
     static constexpr int mostPending = 32;
+    /// Of them, those of anybody but Kest: however much others ask, Kest has room.
+    static constexpr int mostOfOthers = 16;
     /// Bytes not yet taken by the add-on, beyond which a request fails at once.
     static constexpr qsizetype mostUnsent = 8 * 1024 * 1024;
 
@@ -61,7 +66,8 @@ public:
     ~AddonLink() override;
 
     /// Sends one request. `files` are those whose places in it start at fileBase().
-    void request(QJsonObject message, const QList<QDBusUnixFileDescriptor> &files, int deadline, Answered answered);
+    void request(QJsonObject message, const QList<QDBusUnixFileDescriptor> &files, int deadline, Answered answered,
+                 Asker asker = Asker::Kest);
 
     /// The number of the first file of the next request.
     int fileBase() const { return m_nextFile; }
@@ -86,6 +92,7 @@ private Q_SLOTS:
 private:
     struct Pending;
 
+    bool hasRoomFor(Asker asker) const;
     void greet(const QJsonObject &hello);
     void answer(int serial, const AddonAnswer &answer);
     void answered(const QJsonObject &message);

@@ -11,6 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr qsizetype longestNumber = 15; // digits: what a double of JSON holds exactly
+
 const ContractMember *find(const QList<ContractMember> &members, const QString &name)
 {
     const auto found = std::find_if(members.cbegin(), members.cend(),
@@ -84,6 +86,13 @@ Contract::Contract(const QByteArray &text)
         interface.xml = source.mid(start, xml.characterOffset() - start);
         m_interfaces += interface;
     }
+}
+
+bool Contract::canBeObject(const QString &path)
+{
+    const QStringView number = QStringView(path).mid(path.lastIndexOf(u'/') + 1);
+    const auto isDigit = [](QChar unit) { return unit >= u'0' && unit <= u'9'; };
+    return path == rootPath || (number.size() <= longestNumber && std::ranges::all_of(number, isDigit));
 }
 
 const ContractInterface *Contract::forPath(const QString &path) const

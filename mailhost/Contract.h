@@ -47,6 +47,10 @@ public:
     /// The interface of an object by its path; null where no object can be.
     const ContractInterface *forPath(const QString &path) const;
 
+    /// Whether a path that has an interface may lead to an object: the root, and what ends in a number of at most 15
+    /// digits. What is passed on must not grow with what a caller puts into a path.
+    static bool canBeObject(const QString &path);
+
     const QList<ContractInterface> &interfaces() const { return m_interfaces; }
 
 private:

@@ -49,20 +49,22 @@ FileHandOver::~FileHandOver()
 
 void FileHandOver::start()
 {
-    if (!measure())
-        return fail(u"An attachment is not a regular file that can be read."_s);
+    if (const QString problem = measure(); !problem.isEmpty())
+        return fail(problem);
     sendMore();
 }
 
-bool FileHandOver::measure()
+QString FileHandOver::measure()
 {
     for (const Source &source : m_sources) {
         struct stat status {};
         if (fstat(source.descriptor.fileDescriptor(), &status) != 0 || !S_ISREG(status.st_mode))
-            return false;
+            return u"An attachment is not a regular file that can be read."_s;
+        if (status.st_size > mostBytes - m_total)
+            return u"The attachments are larger than 2 GiB together, more than a mail can carry."_s;
         m_total += status.st_size;
     }
-    return true;
+    return {};
 }
 
 void FileHandOver::sendMore()

@@ -23,6 +23,8 @@ public:
     static constexpr qint64 pieceSize = 750000;
     /// Pieces sent and not yet taken.
     static constexpr int window = 4;
+    /// All files together: far beyond what mail servers take, and what the mail application holds in memory.
+    static constexpr qint64 mostBytes = 2LL * 1024 * 1024 * 1024;
 
     FileHandOver(NativeChannel &channel, const QList<QDBusUnixFileDescriptor> &files, int firstFile,
                  QObject *parent = nullptr);
@@ -48,7 +50,8 @@ private:
         qint64 offset = 0;
     };
 
-    bool measure();
+    /// Adds the sizes up; words when there is something that cannot travel.
+    QString measure();
     void sendMore();
     bool sendPiece();
     void drop();

@@ -19,6 +19,7 @@ constexpr qsizetype longestTexts = 4 * 1024 * 1024 + 64 * 1024;
 constexpr qsizetype mostFiles = 100;
 constexpr QLatin1StringView propertiesInterface {"org.freedesktop.DBus.Properties"};
 constexpr QLatin1StringView errorPrefix {"org.kest.Mail1.Error."};
+constexpr qsizetype longestErrorName = 100; // the bus takes 255 with the prefix
 
 int deadlineFor(const ContractMember &member)
 {
@@ -35,6 +36,16 @@ qsizetype lengthOf(const QVariantList &arguments)
         length += (isVariant ? argument.value<QDBusVariant>().variant() : argument).toString().size();
     }
     return length;
+}
+
+/// What org.freedesktop.DBus.Properties takes by that name; empty when it has no such member.
+QString signatureOfPropertyCall(const QString &member)
+{
+    if (member == "Get"_L1)
+        return u"ss"_s;
+    if (member == "Set"_L1)
+        return u"ssv"_s;
+    return member == "GetAll"_L1 ? u"s"_s : QString();
 }
 
 /// The D-Bus signature of what a variant from the bus holds.
@@ -92,6 +103,11 @@ bool MailService::handleMessage(const QDBusMessage &message, const QDBusConnecti
 
 bool MailService::handleProperties(const QDBusMessage &message, const ContractInterface &interface)
 {
+    const QString signature = signatureOfPropertyCall(message.member());
+    if (signature.isEmpty())
+        return m_bus.send(message.createErrorReply(QDBusError::UnknownMethod, u"There is no such method."_s));
+    if (message.signature() != signature)
+        return fail(message, u"InvalidArgument"_s, u"%1 takes (%2)."_s.arg(message.member(), signature));
     const QVariantList arguments = message.arguments();
     const bool known = arguments.value(0).toString() == interfacePrefix + interface.name;
     if (known && message.member() == "GetAll"_L1)
@@ -155,6 +171,10 @@ void MailService::pass(QDBusMessage message, Request request, const ContractMemb
         fail(message, u"Mismatch"_s, words);
         return;
     }
+    if (!Contract::canBeObject(message.path())) {
+        fail(message, u"NoSuchObject"_s, u"There is no such message."_s);
+        return;
+    }
     const qsizetype length = lengthOf(request.arguments);
     if (length > longestTexts) {
         fail(message, u"InvalidArgument"_s, u"The text is too long for a message."_s);
@@ -173,11 +193,12 @@ void MailService::pass(QDBusMessage message, Request request, const ContractMemb
                            {u"kind"_s, request.kind}, {u"member"_s, member.name}, {u"arguments"_s, *arguments}};
     const QString signature = request.kind == "set"_L1 ? QString() : member.outputSignature;
     m_openTexts += length;
-    m_addon.request(out, files, deadlineFor(member),
-                    [this, message, signature, asVariant, length](const AddonAnswer &answer) {
-                        m_openTexts -= length;
-                        reply(message, answer, signature, asVariant);
-                    });
+    const auto answered = [this, message, signature, asVariant, length](const AddonAnswer &answer) {
+        m_openTexts -= length;
+        reply(message, answer, signature, asVariant);
+    };
+    const auto asker = m_peer.is(message.service()) ? AddonLink::Asker::Kest : AddonLink::Asker::Anybody;
+    m_addon.request(out, files, deadlineFor(member), answered, asker);
 }
 
 /// One argument after the other, each given up when it is converted: texts are long, and memory is counted. Nothing
@@ -223,7 +244,8 @@ bool MailService::fail(const QDBusMessage &message, const QString &name, const Q
 {
     // An error with an impossible name could not be sent, and the caller would wait in vain.
     const bool isWord = std::ranges::all_of(name, [](QChar unit) { return unit.isLetter() && unit.unicode() < 0x80; });
-    m_bus.send(message.createErrorReply(errorPrefix + (isWord && !name.isEmpty() ? name : u"Failed"_s), words));
+    const bool isName = isWord && !name.isEmpty() && name.size() <= longestErrorName;
+    m_bus.send(message.createErrorReply(errorPrefix + (isName ? name : u"Failed"_s), words));
     return true;
 }
 

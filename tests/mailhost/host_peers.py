@@ -4,12 +4,14 @@ import contextlib
 import os
 import struct
 import subprocess
+import tempfile
+import threading
 import unittest
 
 import dbus
 
 from host_case import ADDON, HOST, HostCase
-from services.mailbus import KEST_NAME, MailBus, error_of
+from services.mailbus import KEST_NAME, PROPERTIES, MailBus, error_of
 
 OUTGOING = "/org/kest/Mail1/outgoing/1"
 MESSAGE = "/org/kest/Mail1/message/1"
@@ -92,6 +94,49 @@ class HostPeers(HostCase):
         self.bus.stranger = True
         self.assertRefuses(self.bus)
 
+    def properties(self, bus, member, *arguments, signature):
+        return bus.connection.call_blocking(bus.name, OUTGOING, PROPERTIES, member, signature, arguments, timeout=20)
+
+    def test_questions_with_more_than_belongs_to_them_are_refused(self):
+        self.start()
+        stranger = self.stranger()
+        subject = ("org.kest.Mail1.OutgoingMessage", "Subject")
+        with tempfile.TemporaryFile() as file:
+            more = {"h": dbus.types.UnixFd(file.fileno()), "ah": [dbus.types.UnixFd(file.fileno())], "s": "x" * 100_000,
+                    "an": dbus.Array([1] * 1_000_000, signature="n"), "v": dbus.types.UnixFd(file.fileno())}
+            for signature, value in more.items():
+                with self.subTest(signature):
+                    self.fails("InvalidArgument", lambda: self.properties(stranger, "Get", *subject, value,
+                                                                          signature="ss" + signature))
+                    self.fails("InvalidArgument", lambda: self.properties(stranger, "GetAll", subject[0], value,
+                                                                          signature="s" + signature))
+        for member in ("Got", "get", "Reset"):
+            with self.subTest(member):
+                self.fails("UnknownMethod", lambda: self.properties(stranger, member, *subject, signature="ss"))
+        self.assertNothingReachedTheAddon()
+
+    def test_a_path_of_megabytes_does_not_reach_the_addon(self):
+        self.start()
+        for path in ("/org/kest/Mail1/message/" + "1" * 5_000_000, "/org/kest/Mail1/message/" + "1" * 16):
+            self.fails("NoSuchObject", lambda: self.stranger().get(path, "Subject"))
+        self.assertNothingReachedTheAddon()
+
+    def test_a_stranger_who_asks_without_end_leaves_kest_its_room(self):
+        self.start()
+        stranger = self.stranger()
+        for _question in range(100):
+            message = dbus.lowlevel.MethodCallMessage(self.bus.name, "/org/kest/Mail1", "org.kest.Mail1.Application", "Accounts")
+            stranger.connection.send_message(message)
+        stranger.connection.flush()
+        self.fails("Failed", stranger.accounts)
+
+        def play():
+            while (call := self.receive())["member"] != "MakeOutgoingMessage":
+                pass
+            self.send({"answer": call["call"], "result": OUTGOING})
+        threading.Thread(target=play, daemon=True).start()
+        self.assertEqual(self.bus.make("s", "c"), OUTGOING)
+
     def test_a_stranger_may_ask(self):
         self.start()
         self.answer(lambda _call: {"result": [["a", "b", "c"]]})
@@ -107,6 +152,15 @@ class HostPeers(HostCase):
                                                                 path=OUTGOING, signature="sst"))
         self.assertNothingReachedTheAddon()
 
+    def test_files_larger_than_any_mail_are_refused(self):
+        self.start()
+        with tempfile.TemporaryFile() as file:
+            file.truncate(2 ** 40)
+            words = self.fails("InvalidArgument", lambda: self.bus.call(
+                "InsertAttachment", "a", dbus.types.UnixFd(file.fileno()), dbus.UInt64(0), path=OUTGOING, signature="sht"))
+            self.assertIn("2 GiB", words)
+            self.assertIn("drop", self.receive())
+
     def test_only_regular_files_are_read(self):
         self.start()
         for path in ("/dev/zero", "/proc/self"):
@@ -120,6 +174,8 @@ class HostPeers(HostCase):
         self.start()
         self.answer(lambda _call: {"error": {"name": "no word!", "message": "Something."}})
         self.assertEqual(self.fails("Failed", self.bus.accounts), "Something.")
+        self.answer(lambda _call: {"error": {"name": "N" * 300, "message": "Long."}})
+        self.assertEqual(self.fails("Failed", self.bus.accounts), "Long.")
         self.answer(lambda _call: {"result": ["/good", "no path"]})
         self.fails("Failed", self.bus.selection)
 

@@ -98,6 +98,22 @@ private Q_SLOTS:
         QVERIFY(errors[0].startsWith("NotConnected"_L1));
     }
 
+    void howeverMuchOthersAskKestHasRoom()
+    {
+        AddonEnd addon;
+        AddonLink link(*addon.channel);
+        QStringList told;
+        const auto note = [&told](const AddonAnswer &answer) { told += answer.errorName; };
+        for (int request = 0; request <= AddonLink::mostOfOthers; ++request)
+            link.request({}, {}, longEnough, note, AddonLink::Asker::Anybody);
+        QCOMPARE(told, QStringList(u"Failed"_s));
+        for (int request = AddonLink::mostOfOthers; request < AddonLink::mostPending; ++request)
+            link.request({}, {}, longEnough, note, AddonLink::Asker::Kest);
+        QCOMPARE(told.size(), 1);
+        link.request({}, {}, longEnough, note, AddonLink::Asker::Kest);
+        QCOMPARE(told.size(), 2);
+    }
+
     void anErrorKeepsItsNameAndWords()
     {
         AddonEnd addon;

@@ -74,6 +74,24 @@ private Q_SLOTS:
         QVERIFY(!contract().forPath(path));
     }
 
+    void objectsAreNumbered_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("can");
+        QTest::newRow("root") << u"/org/kest/Mail1"_s << true;
+        QTest::newRow("message") << u"/org/kest/Mail1/message/7"_s << true;
+        QTest::newRow("long number") << u"/org/kest/Mail1/outgoing/123456789012345"_s << true;
+        QTest::newRow("longer number") << u"/org/kest/Mail1/outgoing/1234567890123456"_s << false;
+        QTest::newRow("word") << u"/org/kest/Mail1/message/none"_s << false;
+        QTest::newRow("other digits") << u"/org/kest/Mail1/message/\u0663"_s << false;
+    }
+
+    void objectsAreNumbered()
+    {
+        QFETCH(QString, path);
+        QTEST(Contract::canBeObject(path), "can");
+    }
+
     void brokenXmlHasNoInterfaces()
     {
         QVERIFY(Contract("<node><interface").forPath(u"/org/kest/Mail1"_s) == nullptr);
