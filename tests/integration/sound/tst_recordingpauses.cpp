@@ -134,8 +134,8 @@ void RecordingPausesTest::initTestCase()
 void RecordingPausesTest::aHundredPausesLoseAndDoubleNothing()
 {
     constexpr int pauses = 100;
-    // A FIFO that is always full gives PulseAudio ten minutes in one. PipeWire keeps its own time. PulseAudio keeps a second
-    // and a quarter for those who do not read, and a recorder reads ten times a second.
+    // A FIFO that is always full gives PulseAudio ten minutes in one. PipeWire keeps its own time. Far faster, PulseAudio
+    // leaves samples out for those who do not read at once, and a recorder reads ten times a second.
     const double seconds = isPipeWire() ? 25 : 600;
     const VirtualMicrophone microphone(counter(), 1, isPipeWire() ? 1.5 : 10);
     Witness witness;

@@ -44,12 +44,17 @@ class Context:
 
     def start_sound(self, kind):
         """A sound server whose microphone hears noise, so that there is something to encode."""
-        if kind == "pipewire":
+        if kind == "pipewire" and "DBUS_SESSION_BUS_ADDRESS" not in self.sandbox.env:
             from services.bus import SessionBus
             SessionBus(self.sandbox)
         self.sound = SoundServer(self.sandbox, kind)
         self.sound.microphone.hum(random.Random(1).randbytes(2 * 44100 * BABBLE))
         return self.sound
+
+    def stop_sound(self):
+        """Another server may be started afterwards."""
+        self.sound.close()
+        self.sound = None
 
     def start_desktop(self):
         """A display, the accessibility bus and a person who works the windows."""

@@ -14,7 +14,7 @@ from .row import Row, Seen
 from .sounding import is_ordinary
 
 HOURS = 3
-SPEED = 10  # Times real time, at most: PulseAudio keeps 1.25 s for a recorder, which reads ten times a second.
+SPEED = 10  # Times real time, at most: far faster, PulseAudio leaves samples out for a recorder that reads ten times a second.
 CYCLES = 1440  # One a minute for a day.
 TAIL = 65536  # Bytes: more than a fragment has.
 TAKE = 0.15  # seconds of each

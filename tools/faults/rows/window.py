@@ -1,10 +1,11 @@
-"""The window's thread hangs for seconds while the program records: not a sample is missing."""
+"""The window's thread, or the whole program, stands still for seconds while it records: not a sample is missing."""
 
 import array
 import contextlib
 import ctypes
 import os
 import random
+import signal
 import subprocess
 import time
 
@@ -15,6 +16,7 @@ from .row import NotHere, Row, Seen
 from .sounding import is_ordinary
 
 BLOCKED = 5.0  # seconds
+FROZEN = 10.0  # seconds
 PERIOD = RATE // 10  # samples between two clicks
 LOUD = 8000  # of 32767; what is between the clicks stays far below
 NEAR = 4  # Samples by which the encoder may move a click's peak.
@@ -46,6 +48,16 @@ def stopped(thread):
         ptrace(PTRACE_DETACH, thread)
 
 
+@contextlib.contextmanager
+def frozen(process):
+    """Stops all threads of a process, as when the machine has no processor for it."""
+    os.kill(process, signal.SIGSTOP)
+    try:
+        yield
+    finally:
+        os.kill(process, signal.SIGCONT)
+
+
 def distances(samples):
     """From each click to the next, in samples."""
     found, at = [], 0
@@ -71,11 +83,14 @@ def samples_of(raw):
 
 
 class Hanging:
-    """The running program, and beside it a plain program that captures the same microphone."""
+    """The running program, and beside it a plain program that captures the same microphone.
 
-    def __init__(self, context):
-        self.context = context
-        context.start_sound("pulseaudio").microphone.hum(clicks())
+    `standing` is what stops a process by its number, as a context manager, and `seconds` for how long.
+    """
+
+    def __init__(self, context, kind, standing, seconds):
+        self.context, self.standing, self.seconds = context, standing, seconds
+        context.start_sound(kind).microphone.hum(clicks())
         self.kest = context.start_kest()
         self.kest.start()
 
@@ -87,8 +102,8 @@ class Hanging:
         self.kest.click("Record")
         wait_until(lambda: len(self.kest.recordings()) > number, "the recording", PATIENCE)
         time.sleep(chance.uniform(0.2, 0.8))
-        with stopped(self.kest.process.pid):
-            time.sleep(BLOCKED)
+        with self.standing(self.kest.process.pid):
+            time.sleep(self.seconds)
         self.kest.click("Stop", PATIENCE)
         file = self.kest.recordings()[-1]
         wait_until(lambda: is_ordinary(file), "the finished recording", PATIENCE)
@@ -97,6 +112,23 @@ class Hanging:
         decoded = subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-i", file, "-f", "s16le", "-ac", "1", "-"],
                                  capture_output=True, check=True).stdout
         return samples_of(decoded), samples_of(raw.read_bytes())
+
+
+    def judge(self, number, chance):
+        """(how many clicks were kept, what is wrong with them or null)."""
+        kept, heard = self.take(number, chance)
+        own = distances(kept)
+        if len(kept) < self.seconds * RATE or len(own) < self.seconds * 10 - 2:
+            return len(own), f"only {len(kept)} samples and {len(own)} clicks kept"
+        if not is_part(own[1:-1], distances(heard)):
+            return len(own), f"{own} is not what was heard"
+        return len(own), None
+
+    def end(self):
+        self.kest.quit(PATIENCE)
+        for take in self.kest.recordings():
+            take.unlink()
+        self.context.stop_sound()
 
 
 def probe():
@@ -112,24 +144,33 @@ def probe():
         child.wait()
 
 
-def run(context, runs):
-    probe()
+def several(context, runs, kinds, standing, seconds):
+    """The runs, shared by the sound servers of these kinds."""
+    seen, clicks_seen = Seen(), 0
     context.start_desktop()
-    hanging, seen, clicks_seen = Hanging(context), Seen(), 0
-    for number in range(runs):
-        seen.runs += 1
-        kept, heard = hanging.take(number, random.Random(context.seed + number))
-        own = distances(kept)
-        clicks_seen += len(own)
-        if len(kept) < BLOCKED * RATE or len(own) < BLOCKED * 10 - 2:
-            seen.failures.append(f"run {number}: only {len(kept)} samples and {len(own)} clicks kept")
-        elif not is_part(own[1:-1], distances(heard)):
-            seen.failures.append(f"run {number}: {own} is not what was heard")
-    hanging.kest.quit(PATIENCE)
+    for kind, numbers in zip(kinds, (range(at, runs, len(kinds)) for at in range(len(kinds)))):
+        hanging = Hanging(context, kind, standing, seconds)
+        for taken, number in enumerate(numbers):
+            seen.runs += 1
+            kept, wrong = hanging.judge(taken, random.Random(context.seed + number))
+            clicks_seen += kept
+            seen.failures += [f"{kind}, run {number}: {wrong}"] if wrong else []
+        hanging.end()
     seen.worst = f"none of {clicks_seen} clicks out of place"
     if seen.failures:
         seen.worst = f"{len(seen.failures)} takes with a gap"
     return seen
 
 
-ROWS = [Row("window-blocked", "the window's thread stopped for 5 s while the program records", "no sample lost", 1, 20, run)]
+def blocked_window(context, runs):
+    probe()
+    return several(context, runs, ["pulseaudio"], stopped, BLOCKED)
+
+
+def frozen_program(context, runs):
+    return several(context, runs, ["pulseaudio", "pipewire"], frozen, FROZEN)
+
+
+ROWS = [Row("window-blocked", "the window's thread stopped for 5 s while the program records", "no sample lost", 1, 20, blocked_window),
+        Row("frozen", "the whole program stopped for 10 s while it records", "no sample lost, the recording goes on", 2, 20,
+            frozen_program)]
