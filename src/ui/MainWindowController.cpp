@@ -15,6 +15,7 @@
 #include "ui/controls/Icons.h"
 #include "ui/controls/PullDownMenu.h"
 #include "ui/controls/ReadoutField.h"
+#include "ui/controls/SeenClick.h"
 #include "ui_MainWindow.h"
 
 #include <QApplication>
@@ -134,7 +135,7 @@ void MainWindowController::loadWindow()
     });
     m_bindings->connectTree(*m_window);
     connect(m_ui->recordButton, &QAbstractButton::pressed, this, [this] {
-        if (m_window->isVisible()) // other programs can press it while nobody sees it
+        if (canBeSeen(*m_window)) // other programs can press it while nobody sees it
             m_dependencies.recorderFactory.warmUp();
     });
     connect(attachmentPopUp(), &PullDownButton::menuNeedsUpdate, this, &MainWindowController::menuNeedsUpdate);

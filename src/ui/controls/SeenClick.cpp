@@ -8,13 +8,18 @@ namespace kest {
 
 void onSeenClick(QAbstractButton &button, QObject *context, std::function<void()> clicked)
 {
-    const auto isSeen = [&button] { return button.window()->isVisible(); };
+    const auto isSeen = [&button] { return canBeSeen(*button.window()); };
     const auto wasSeen = std::make_shared<bool>(false);
     QObject::connect(&button, &QAbstractButton::pressed, context, [isSeen, wasSeen] { *wasSeen = isSeen(); });
     QObject::connect(&button, &QAbstractButton::clicked, context, [isSeen, wasSeen, clicked = std::move(clicked)] {
         if (*wasSeen && isSeen())
             clicked();
     });
+}
+
+bool canBeSeen(const QWidget &widget)
+{
+    return widget.isVisible() && !widget.window()->isMinimized(); // to Qt a minimized window is visible
 }
 
 } // namespace kest

@@ -4,6 +4,7 @@
 
 class QAbstractButton;
 class QObject;
+class QWidget;
 
 namespace kest {
 
@@ -14,5 +15,9 @@ namespace kest {
 /// presses anything, and such a press lasts so long that the window may be back
 /// when it clicks. So it counts only when the window was there at both ends.
 void onSeenClick(QAbstractButton &button, QObject *context, std::function<void()> clicked);
+
+/// Whether a person may be looking at it: it is shown, and its window not
+/// minimized.
+bool canBeSeen(const QWidget &widget);
 
 } // namespace kest

@@ -129,6 +129,18 @@ private Q_SLOTS:
         QVERIFY(alerts.shown.isEmpty());
     }
 
+    void anEmptyScriptThatIsSwappedDoesNotRunEither()
+    {
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_home->path()));
+        write("");
+        kest::ASMail::loadScriptObjects();
+        kest::DBusMailTransport transport;
+        kest::test::RecordingAlertPresenter alerts;
+        kest::ASMail mail(transport, alerts);
+        write("export function retrieveEmailAccounts() { return ['swapped'] }", 0666);
+        QVERIFY(!mail.retrieveEmailAccounts());
+    }
+
 private:
     void write(const QByteArray &text, mode_t mode = 0644)
     {

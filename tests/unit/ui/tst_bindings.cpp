@@ -101,6 +101,18 @@ private Q_SLOTS:
         QCOMPARE(m_target->pressed, 0);
     }
 
+    void aButtonOfAMinimizedWindowDoesNothing()
+    {
+        auto *button = add<QPushButton>({{"action", QStringLiteral("press")}});
+        connectAll();
+        m_root->showMinimized();
+        button->click();
+        QCOMPARE(m_target->pressed, 0);
+        m_root->showNormal();
+        button->click();
+        QCOMPARE(m_target->pressed, 1);
+    }
+
     // A press from outside lasts a while before it clicks.
     void aPressOnAHiddenWindowDoesNothingWhenItIsShownMeanwhile()
     {
