@@ -96,6 +96,12 @@ extern "C" int fsync(int file)
     return fails(FileCall::Sync, file) ? -1 : real(file);
 }
 
+extern "C" int fdatasync(int file)
+{
+    static auto *const real = next<int(int)>("fdatasync");
+    return fails(FileCall::DataSync, file) ? -1 : real(file);
+}
+
 extern "C" int renameat(int fromFolder, const char *from, int toFolder, const char *to) noexcept
 {
     static auto *const real = next<int(int, const char *, int, const char *)>("renameat");

@@ -4,8 +4,9 @@
 
 namespace kest::test {
 
-/// System calls on files. `Append` is write(), `WriteAt` is pwrite().
-enum class FileCall { Append, WriteAt, Sync, Rename };
+/// System calls on files. `Append` is write(), `WriteAt` is pwrite(), `DataSync` is
+/// fdatasync().
+enum class FileCall { Append, WriteAt, Sync, DataSync, Rename };
 
 /// Lets system calls of this process fail, as a broken disk does, for as long
 /// as it lives. One at a time.

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void init();
     void fullDiskEndsTheRecording();
     void brokenDiskEndsTheRecording();
+    void aDiskThatLosesWhatItTookEndsTheRecording();
+    void aFileSystemThatCannotSyncIsNoTrouble();
     void theTroubleIsToldBeforeTheEndHoweverLateTheCaptureThreadIs();
     void diskThatFillsUpInTheMiddleOfFinishing_data();
     void diskThatFillsUpInTheMiddleOfFinishing();
@@ -144,6 +146,29 @@ void RecordingDiskTest::brokenDiskEndsTheRecording()
     verifyPlayable(bench, before - runUp);
     QCOMPARE(listed(), QStringList(QStringLiteral("message.m4a")));
     QVERIFY2(!outermostBoxes(bench.recorder->url()).contains("moof"), "what was written could be finished, but was not");
+}
+
+/// As a network's file system that is full, or a stick that was pulled out: the write succeeds, and the disk does not have it.
+void RecordingDiskTest::aDiskThatLosesWhatItTookEndsTheRecording()
+{
+    RecorderBench bench(nullptr, folder());
+    QVERIFY(recordIntoFile(bench));
+    const double before = double(decoded(bench.recorder->url()).size()) / 44100;
+    m_since.start();
+    const FailingCalls broken(FileCall::DataSync, "message.m4a", 1, ENOSPC);
+    verifyTold(bench, RecordingTrouble::DiskFull);
+    verifyPlayable(bench, before - runUp);
+}
+
+void RecordingDiskTest::aFileSystemThatCannotSyncIsNoTrouble()
+{
+    const FailingCalls unable(FileCall::DataSync, "message.m4a", 1, ENOSYS);
+    RecorderBench bench(nullptr, folder());
+    QVERIFY(bench.startRecording(0.5));
+    QTRY_VERIFY(unable.failures() > 0);
+    QVERIFY(bench.waitForCapture(bench.recorder->currentTime() + 0.5));
+    QVERIFY(bench.stopRecording());
+    QCOMPARE(bench.trouble->size(), 0);
 }
 
 void RecordingDiskTest::theTroubleIsToldBeforeTheEndHoweverLateTheCaptureThreadIs()

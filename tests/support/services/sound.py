@@ -112,21 +112,34 @@ class SoundServer:
 
     # Sources
 
-    def add_source(self, name, description, channels=1, rate=44100):
-        """A new microphone that hears what is written into its FIFO (signed 16 bit, interleaved)."""
+    def add_source(self, name, description, channels=1, rate=44100, sample_format="s16le"):
+        """A new microphone that hears what is written into its FIFO (signed 16 bit, interleaved, unless told otherwise)."""
         fifo = self.folder / f"{name}.fifo"
         fifo.unlink(missing_ok=True)
         source = Source(name, description, channels, rate, fifo)
         source.module = self._pactl(
-            "load-module", "module-pipe-source", f"source_name={name}", f"file={fifo}", "format=s16le",
+            "load-module", "module-pipe-source", f"source_name={name}", f"file={fifo}", f"format={sample_format}",
             f"rate={rate}", f"channels={channels}",
             f"source_properties=\"device.description='{description}'\"").strip()
         wait_until(lambda: name in self.source_names() and fifo.exists(), f"the source {name}")
         source.reader = self.sandbox.start(
             "reader", ["parec", "--raw", f"--device={name}", "--latency-msec=20", f"--rate={rate}",
-                       f"--channels={channels}"], stdout=subprocess.DEVNULL)
+                       f"--format={sample_format}", f"--channels={channels}"], stdout=subprocess.DEVNULL)
         self.sources[name] = source
         return source
+
+    def add_tunnel(self, name, delay):
+        """A microphone on another computer, heard `delay` milliseconds late; the default one from now on. Gives its FIFO."""
+        address, fifo = self.folder / f"{name}.socket", self.folder / f"{name}.fifo"
+        modules = [f"module-native-protocol-unix auth-anonymous=1 socket={address}",
+                   f"module-pipe-source source_name={name} file={fifo} format=s16le rate=44100 channels=1"]
+        self.processes.append(self._pulseaudio(name, modules))
+        wait_until(lambda: address.exists() and fifo.exists(), "the other computer")
+        self._pactl("load-module", "module-tunnel-source", f"server=unix:{address}", f"source={name}",
+                    f"source_name={name}", f"latency_msec={delay}", "rate=44100", "channels=1")
+        wait_until(lambda: name in self.source_names(), f"the source {name}")
+        self.set_default(name)
+        return fifo
 
     def remove_source(self, name):
         """The microphone is unplugged."""
@@ -207,9 +220,12 @@ class SoundServer:
         modules = [f"module-native-protocol-unix auth-anonymous=1 socket={self.address}",
                    f"module-cli-protocol-unix socket={self.console}",
                    "module-rescue-streams"]
+        self.processes = [self._pulseaudio("pulseaudio", modules)]
+
+    def _pulseaudio(self, name, modules):
         command = ["pulseaudio", "-n", "--daemonize=no", "--use-pid-file=no", "--exit-idle-time=-1",
                    "--realtime=no", "--high-priority=no", "--log-target=stderr"]
-        self.processes = [self.sandbox.start("pulseaudio", command + [f"--load={module}" for module in modules])]
+        return self.sandbox.start(name, command + [f"--load={module}" for module in modules])
 
     def _start_pipewire(self):
         core = self.sandbox.runtime / "pipewire-0"

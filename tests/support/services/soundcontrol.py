@@ -50,6 +50,8 @@ class SoundControl:
         if verb == "add_source":
             source = self.server.add_source(**request)
             return {"fifo": str(source.fifo)}
+        if verb == "add_tunnel":
+            return {"fifo": str(self.server.add_tunnel(**request))}
         if verb == "recorders":
             return {"count": self.server.recorders()}
         if verb in ("hush", "play"):

@@ -3,12 +3,14 @@
 #include "platform/linux/sound/PulseSource.h"
 #include "platform/linux/sound/RecordingFinisher.h"
 #include "platform/linux/sound/SampleRing.h"
+#include "platform/linux/sound/UsableSamples.h"
 
 #include <QTemporaryFile>
 #include <QTest>
 
 #include <cmath>
 #include <fcntl.h>
+#include <limits>
 #include <numbers>
 #include <numeric>
 #include <thread>
@@ -77,6 +79,8 @@ private Q_SLOTS:
     void fullRingLosesNothing();
     void ringServesTwoThreads();
     void unreadableFileIsNotTakenForFinished();
+    void whatNoSoundHasIsTakenOut();
+    void soundIsNotCopied();
     void microphoneIsTheDefaultSource();
     void fallbackMonitorIsNoMicrophone();
     void chosenMonitorIsAMicrophone();
@@ -258,6 +262,25 @@ void CaptureTest::unreadableFileIsNotTakenForFinished()
     const FileDescriptor writeOnly(open(QFile::encodeName(file.fileName()).constData(), O_WRONLY | O_CLOEXEC));
     QVERIFY(writeOnly.isOpen());
     QVERIFY(!isFragmented(writeOnly.get()).has_value());
+}
+
+void CaptureTest::whatNoSoundHasIsTakenOut()
+{
+    constexpr float nan = std::numeric_limits<float>::quiet_NaN();
+    constexpr float infinite = std::numeric_limits<float>::infinity();
+    const std::vector<float> heard = {0.5F, nan, infinite, -nan, -infinite, 1e30F, -1e30F, -0.5F};
+    std::vector<float> room;
+    const float *usable = usableSamples(heard.data(), qsizetype(heard.size()), room);
+    QCOMPARE(std::vector<float>(usable, usable + heard.size()),
+             (std::vector<float>{0.5F, 0, 0, 0, 0, loudestSample, -loudestSample, -0.5F}));
+}
+
+void CaptureTest::soundIsNotCopied()
+{
+    const std::vector<float> heard = {0, -0.0F, 1, -1, 1e-40F, loudestSample, -loudestSample};
+    std::vector<float> room;
+    QCOMPARE(usableSamples(heard.data(), qsizetype(heard.size()), room), heard.data());
+    QCOMPARE(usableSamples(nullptr, 0, room), nullptr);
 }
 
 void CaptureTest::microphoneIsTheDefaultSource()

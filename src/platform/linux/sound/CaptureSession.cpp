@@ -1,5 +1,6 @@
 #include "platform/linux/sound/CaptureSession.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace kest {
@@ -14,8 +15,10 @@ constexpr qint64 serverPatience = 1500 * millisecond;
 constexpr qint64 microphonePatience = 1000 * millisecond; // a session manager may still be starting
 constexpr qint64 dataPatience = 1500 * millisecond;
 
-// What was spoken before Stop has arrived by then, or never will.
-constexpr int stopMilliseconds = 300;
+// What was spoken before Stop has arrived this long after the microphone's own delay, or never will. A microphone on the
+// network may take a second for it.
+constexpr qint64 stopPatience = 300 * millisecond;
+constexpr qint64 longestDelay = 2000 * millisecond;
 
 /// The moment of a sample is known to some tens of milliseconds: rather that much of silence before a word than a word
 /// without its beginning.
@@ -69,12 +72,10 @@ void CaptureSession::stop()
     const MonotonicTime now = monotonicNow();
     m_gate.schedule(CaptureGate::Action::End, now);
     post([self = shared_from_this(), now] {
-        if (self->m_state == State::Streaming) {
-            self->m_stopBy = now + stopMilliseconds * millisecond;
-            self->m_watch->setSingleShot(stopMilliseconds);
-        } else {
-            self->end();
-        }
+        if (self->m_state != State::Streaming)
+            return self->end();
+        self->m_stopBy = now + stopPatience + std::min(self->m_stream->latency().value_or(0), longestDelay);
+        self->watch();
     });
 }
 
@@ -156,6 +157,8 @@ void CaptureSession::everythingRead()
     if (m_ring.available() > 0)
         m_samplesReady.wake();
     // Only now: after a while in which nothing ran, what was captured meanwhile is still to be read.
+    if (m_stopBy && monotonicNow() >= m_stopBy)
+        return end();
     if (const auto trouble = troubleOfWaiting(monotonicNow() - m_waitingSince))
         fail(*trouble, microphoneName());
 }
@@ -208,13 +211,9 @@ void CaptureSession::firstSampleCaptured()
 void CaptureSession::watch()
 {
     const MonotonicTime now = monotonicNow();
-    if (m_stopBy && now >= m_stopBy) {
-        end();
-        return;
-    }
-    if (m_stopBy)
+    if (m_stopBy && now < m_stopBy) // then the loop turns, and with it comes a reading
         m_watch->setSingleShot(int((m_stopBy - now) / millisecond) + 1);
-    else if (readingInterval() == 0) // else there are readings all the time
+    else if (!m_stopBy && readingInterval() == 0) // else there are readings all the time
         m_watch->setSingleShot(watchMilliseconds);
 }
 

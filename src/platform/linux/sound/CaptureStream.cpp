@@ -1,5 +1,7 @@
 #include "platform/linux/sound/CaptureStream.h"
 
+#include "platform/linux/sound/UsableSamples.h"
+
 namespace kest {
 
 namespace {
@@ -88,6 +90,8 @@ bool CaptureStream::readChunk()
         return false;
     const qsizetype frames = qsizetype(bytes / sizeof(float)) / m_source.channels.channels;
     const auto *interleaved = static_cast<const float *>(data); // null is a hole: what the server lost, kept as silence
+    if (interleaved)
+        interleaved = usableSamples(interleaved, frames * m_source.channels.channels, m_usable);
     const bool clipped = interleaved && m_clipping.hearsClipping(interleaved, frames);
     m_listener.samplesCaptured(monoOf(interleaved, frames), frames, [&] { return captureTime(frames); }, clipped);
     m_pulse.stream_drop(m_stream);
@@ -109,15 +113,19 @@ const float *CaptureStream::monoOf(const float *interleaved, qsizetype frames)
     return m_mono.data();
 }
 
-MonotonicTime CaptureStream::captureTime(qsizetype frames) const
+std::optional<qint64> CaptureStream::latency() const
 {
     pa_usec_t latency = 0;
     int negative = 0;
-    // The latency is how long ago the next sample to be read was captured. Unknown just after the start: then the
-    // last sample read is taken to be just captured.
-    if (m_pulse.stream_get_latency(m_stream, &latency, &negative) < 0 || negative)
-        return monotonicNow() - frames * nanosecondsPerSecond / sampleRate;
-    return monotonicNow() - qint64(latency) * nanosecondsPerMicrosecond;
+    if (!m_stream || m_pulse.stream_get_latency(m_stream, &latency, &negative) < 0 || negative)
+        return std::nullopt;
+    return qint64(latency) * nanosecondsPerMicrosecond;
+}
+
+MonotonicTime CaptureStream::captureTime(qsizetype frames) const
+{
+    // Unknown just after the start: then the last sample read is taken to be just captured.
+    return monotonicNow() - latency().value_or(frames * nanosecondsPerSecond / sampleRate);
 }
 
 } // namespace kest

@@ -5,6 +5,7 @@
 #include "platform/linux/sound/PulseContext.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace kest {
@@ -50,6 +51,10 @@ public:
 
     const PulseSource &source() const { return m_source; }
 
+    /// How long ago the next sample to be read was captured, in nanoseconds.
+    /// Nothing just after the start, when it is not known.
+    std::optional<qint64> latency() const;
+
 private:
     void stateChanged();
     void readAvailable();
@@ -64,6 +69,7 @@ private:
     pa_stream *m_stream = nullptr;
     ClippingDetector m_clipping;
     std::vector<float> m_mono; // made from several channels, or from a hole
+    std::vector<float> m_usable; // where there were samples that no sound has
 };
 
 } // namespace kest

@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <chrono>
 #include <system_error>
 
@@ -39,9 +40,20 @@ void FileSyncer::run()
     std::unique_lock lock(m_mutex);
     while (!m_changed.wait_for(lock, std::chrono::seconds(1), [this] { return m_ended; })) {
         lock.unlock();
-        fdatasync(m_file); // an error shows at the next write, or at the end
+        sync();
         lock.lock();
     }
+}
+
+void FileSyncer::sync()
+{
+    if (fdatasync(m_file) == 0)
+        return;
+    // Others say that a file system knows no such call.
+    const bool isLoss = errno == EIO || errno == ENOSPC || errno == EDQUOT;
+    int none = 0;
+    if (isLoss)
+        m_error.compare_exchange_strong(none, errno, std::memory_order_relaxed);
 }
 
 } // namespace kest

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <functional>
 #include <mutex>
@@ -23,14 +24,21 @@ public:
     FileSyncer(const FileSyncer &) = delete;
     FileSyncer &operator=(const FileSyncer &) = delete;
 
+    /// 0, or the errno of the first time that the disk did not take what had
+    /// been written. The system tells it once, and not at the next write. Any
+    /// thread.
+    int error() const { return m_error.load(std::memory_order_relaxed); }
+
 private:
     void run();
+    void sync();
 
     const int m_file;
     const std::function<void()> m_first;
     std::mutex m_mutex;
     std::condition_variable m_changed;
     bool m_ended = false;
+    std::atomic<int> m_error = 0;
     std::thread m_thread;
 };
 

@@ -53,6 +53,8 @@ void RecordingJob::encode()
             writeFailed(*failure);
         else
             m_written += count;
+        if (syncer.error() != 0 && !m_failed)
+            writeFailed(FileFailure::fromErrno(syncer.error()));
         m_parts.fileSize->store(m_parts.file.size(), std::memory_order_relaxed);
     }
     if (m_failed || m_written == 0)
