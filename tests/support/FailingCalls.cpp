@@ -6,6 +6,7 @@
 #include <mutex>
 #include <optional>
 #include <unistd.h>
+#include <utility>
 
 namespace kest::test {
 
@@ -17,6 +18,7 @@ struct Plan {
     int callsBefore;
     int error;
     int failures;
+    std::function<void()> meanwhile;
 };
 
 std::mutex mutex; // guards plan
@@ -31,19 +33,31 @@ QByteArray pathOf(int file)
     return QByteArray(path, length > 0 ? length : 0);
 }
 
-/// True, with errno set, when this call is to fail.
-bool fails(FileCall call, int file, const char *name = nullptr)
+bool isPlanned(FileCall call, int file, const char *name)
 {
-    const std::lock_guard lock(mutex);
     if (!plan || plan->call != call || !(name ? QByteArray(name) : pathOf(file)).contains(plan->name))
         return false;
     if (plan->callsBefore > 0) {
         --plan->callsBefore;
         return false;
     }
-    ++plan->failures;
-    errno = plan->error;
     return true;
+}
+
+/// True, with errno set, when this call is to fail.
+bool fails(FileCall call, int file, const char *name = nullptr)
+{
+    std::unique_lock lock(mutex);
+    if (!isPlanned(call, file, name))
+        return false;
+    ++plan->failures;
+    const int error = plan->error;
+    const auto meanwhile = std::exchange(plan->meanwhile, nullptr);
+    lock.unlock(); // what happens meanwhile makes calls of its own
+    if (meanwhile)
+        meanwhile();
+    errno = error;
+    return error != 0;
 }
 
 template<typename Function>
@@ -54,10 +68,10 @@ Function *next(const char *name)
 
 } // namespace
 
-FailingCalls::FailingCalls(FileCall call, QByteArray name, int number, int error)
+FailingCalls::FailingCalls(FileCall call, QByteArray name, int number, int error, std::function<void()> meanwhile)
 {
     const std::lock_guard lock(mutex);
-    plan = Plan{call, std::move(name), number - 1, error, 0};
+    plan = Plan{call, std::move(name), number - 1, error, 0, std::move(meanwhile)};
 }
 
 FailingCalls::~FailingCalls()
@@ -106,4 +120,24 @@ extern "C" int renameat(int fromFolder, const char *from, int toFolder, const ch
 {
     static auto *const real = next<int(int, const char *, int, const char *)>("renameat");
     return fails(FileCall::Rename, fromFolder, from) ? -1 : real(fromFolder, from, toFolder, to);
+}
+
+extern "C" int renameat2(int fromFolder, const char *from, int toFolder, const char *to, unsigned flags) noexcept
+{
+    static auto *const real = next<int(int, const char *, int, const char *, unsigned)>("renameat2");
+    if (fails(FileCall::RenameToFree, fromFolder, from) || fails(FileCall::RenameOrLinkToFree, fromFolder, from))
+        return -1;
+    return real(fromFolder, from, toFolder, to, flags);
+}
+
+extern "C" int linkat(int fromFolder, const char *from, int toFolder, const char *to, int flags) noexcept
+{
+    static auto *const real = next<int(int, const char *, int, const char *, int)>("linkat");
+    return fails(FileCall::RenameOrLinkToFree, fromFolder, from) ? -1 : real(fromFolder, from, toFolder, to, flags);
+}
+
+extern "C" int unlinkat(int folder, const char *name, int flags) noexcept
+{
+    static auto *const real = next<int(int, const char *, int)>("unlinkat");
+    return fails(FileCall::Remove, folder, name) ? -1 : real(folder, name, flags);
 }

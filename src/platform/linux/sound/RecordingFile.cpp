@@ -1,5 +1,7 @@
 #include "platform/linux/sound/RecordingFile.h"
 
+#include "platform/linux/sound/FreeName.h"
+
 #include <QFile>
 
 #include <climits>
@@ -12,7 +14,6 @@ namespace kest {
 namespace {
 
 constexpr mode_t fileMode = 0666; // the person's umask decides
-constexpr int mostNames = 1000;
 
 constexpr mode_t ownerOnly = 0600;
 mode_t usualUmask = 022;
@@ -26,25 +27,9 @@ void undoBorrowedUmask(int file)
         fchmod(file, wanted);
 }
 
-/// "a.m4a" is followed by "a 2.m4a".
-QByteArray numberedName(const QByteArray &name, int number)
-{
-    if (number == 1)
-        return name;
-    const qsizetype dot = name.lastIndexOf('.');
-    const QByteArray suffix = " " + QByteArray::number(number);
-    return dot > 0 ? name.left(dot) + suffix + name.mid(dot) : name + suffix;
-}
-
 FileDescriptor openFolder(const QByteArray &path)
 {
     return FileDescriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-}
-
-bool isTaken(const FileDescriptor &folder, const QByteArray &name)
-{
-    struct stat status = {};
-    return fstatat(folder.get(), name.constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 } // namespace
@@ -57,7 +42,7 @@ std::optional<RecordingFile> RecordingFile::create(const FileURL &wanted, FileFa
     const QByteArray wantedName = wanted.nativeLastPathComponent();
     for (int number = 1; made.m_folder.isOpen() && !made.m_file.isOpen() && number <= mostNames; ++number) {
         made.m_name = numberedName(wantedName, number);
-        if (isTaken(made.m_folder, made.m_name)) {
+        if (isTaken(made.m_folder.get(), made.m_name)) {
             errno = EEXIST;
             continue;
         }
@@ -167,40 +152,47 @@ bool RecordingFile::locate()
     return isHere();
 }
 
-QByteArray RecordingFile::replacementName() const
+std::optional<RecordingReplacement> RecordingFile::createReplacement(FileFailure *failure) const
 {
-    // By inode, not by name: a name of 255 bytes leaves no room, and the next start must find it again.
-    return ".kest-" + QByteArray::number(m_inode) + ".finishing";
+    return RecordingReplacement::create(m_folder.get(), m_inode, failure);
 }
 
-FileDescriptor RecordingFile::createReplacement(FileFailure *failure)
-{
-    FileDescriptor made(openat(m_folder.get(), replacementName().constData(),
-                           O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, fileMode));
-    if (!made.isOpen())
-        *failure = FileFailure::fromErrno(errno);
-    return made;
-}
-
-std::optional<FileFailure> RecordingFile::replace(const FileDescriptor &replacement)
+std::optional<FileFailure> RecordingFile::makeAlike(const RecordingReplacement &replacement) const
 {
     struct stat status = {};
     fstat(m_file.get(), &status);
     const timespec times[] = {status.st_atim, status.st_mtim}; // it was spoken then, whenever it is finished
-    fchmod(replacement.get(), status.st_mode & 07777);
-    futimens(replacement.get(), times);
-    if (fsync(replacement.get()) < 0)
-        return FileFailure::fromErrno(errno);
-    if (renameat(m_folder.get(), replacementName().constData(), m_folder.get(), m_name.constData()) < 0)
-        return FileFailure::fromErrno(errno);
+    fchmod(replacement.descriptor(), status.st_mode & 07777);
+    futimens(replacement.descriptor(), times);
+    return fsync(replacement.descriptor()) < 0 ? std::optional(FileFailure::fromErrno(errno)) : std::nullopt;
+}
+
+std::optional<FileFailure> RecordingFile::replace(const RecordingReplacement &replacement)
+{
+    auto failed = makeAlike(replacement);
+    if (!failed && !replacement.renameOver(m_folder.get(), m_name))
+        failed = FileFailure::fromErrno(errno);
+    if (failed && isHere()) {
+        replacement.remove();
+        return failed;
+    }
+    // Over SMB, Linux may have let go of the old file before it found that the new one cannot take its place.
+    if (failed)
+        return addBeside(replacement);
     // A file system that cannot do this has its own order of things; the file itself is safe.
     fsync(m_folder.get());
     return std::nullopt;
 }
 
-void RecordingFile::removeReplacement()
+std::optional<FileFailure> RecordingFile::addBeside(const RecordingReplacement &replacement)
 {
-    unlinkat(m_folder.get(), replacementName().constData(), 0);
+    const QByteArray name = replacement.renameToFree(m_folder.get(), m_name);
+    if (name.isEmpty())
+        return FileFailure::fromErrno(errno); // not removed, even so: nothing else is left of the recording
+    m_name = name;
+    m_url = m_url.deletingLastPathComponent().appendingNativePathComponent(name);
+    fsync(m_folder.get());
+    return std::nullopt;
 }
 
 void RecordingFile::remove()

@@ -3,6 +3,7 @@
 #include "platform/FileDescriptor.h"
 #include "platform/FileURL.h"
 #include "platform/linux/sound/FileFailure.h"
+#include "platform/linux/sound/RecordingReplacement.h"
 
 #include <QByteArray>
 
@@ -47,14 +48,15 @@ public:
     /// were renamed meanwhile. False when the file was deleted.
     bool locate();
 
-    /// After `locate`: a hidden new file beside this one, to be put in its place.
-    FileDescriptor createReplacement(FileFailure *failure);
+    /// After `locate`: an empty one beside this file. Null on failure.
+    std::optional<RecordingReplacement> createReplacement(FileFailure *failure) const;
 
     /// Puts the written replacement in place of this file, so that at every
-    /// moment, power cuts included, one of the two is there whole.
-    std::optional<FileFailure> replace(const FileDescriptor &replacement);
-
-    void removeReplacement();
+    /// moment, power cuts included, one of the two is there whole. When the file
+    /// is gone the replacement gets its name, or the next free one: see `url`.
+    /// After a failure the replacement is removed, unless nothing else is left of
+    /// the recording.
+    std::optional<FileFailure> replace(const RecordingReplacement &replacement);
 
     /// Takes the file away.
     void remove();
@@ -70,7 +72,8 @@ private:
     bool isHere() const;
     bool isAt(const FileURL &file) const;
     FileURL presentPath() const;
-    QByteArray replacementName() const;
+    std::optional<FileFailure> makeAlike(const RecordingReplacement &replacement) const;
+    std::optional<FileFailure> addBeside(const RecordingReplacement &replacement);
 
     FileURL m_url;
     FileDescriptor m_folder;

@@ -49,15 +49,14 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qi
     if (!file.locate())
         return FileFailure::fromErrno(ENOENT);
     FileFailure failure;
-    const FileDescriptor replacement = file.createReplacement(&failure);
-    if (!replacement.isOpen())
+    const auto replacement = file.createReplacement(&failure);
+    if (!replacement)
         return failure;
-    auto failed = copyAsFinished(file.descriptor(), replacement.get(), sampleCount);
-    if (!failed)
-        failed = file.replace(replacement);
-    if (failed)
-        file.removeReplacement();
-    return failed;
+    if (const auto failed = copyAsFinished(file.descriptor(), replacement->descriptor(), sampleCount)) {
+        replacement->remove();
+        return failed;
+    }
+    return file.replace(*replacement);
 }
 
 std::optional<bool> isFragmented(int file)

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/FileDescriptor.h"
+#include "platform/linux/sound/FileFailure.h"
+
+#include <QByteArray>
+
+#include <optional>
+
+namespace kest {
+
+/// The finished copy of a recording: a hidden file until it gets the
+/// recording's name. It stays where it is when the object goes.
+class RecordingReplacement
+{
+public:
+    /// Makes an empty one in the open `folder`, for the recording with that
+    /// inode. Null on failure.
+    static std::optional<RecordingReplacement> create(int folder, quint64 inode, FileFailure *failure);
+
+    int descriptor() const { return m_file.get(); }
+
+    /// Takes the place of what has that name in the open `folder`, if anything
+    /// has. False, with errno set, when it is still hidden.
+    bool renameOver(int folder, const QByteArray &name) const;
+
+    /// See renameToFree.
+    QByteArray renameToFree(int folder, const QByteArray &wanted) const;
+
+    void remove() const;
+
+private:
+    RecordingReplacement() = default;
+
+    FileDescriptor m_folder;
+    FileDescriptor m_file;
+    QByteArray m_name;
+};
+
+} // namespace kest
