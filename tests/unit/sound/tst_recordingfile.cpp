@@ -21,12 +21,22 @@ private Q_SLOTS:
     void init();
     void renameThatLosesTheOldFileLeavesTheFinishedOne_data();
     void renameThatLosesTheOldFileLeavesTheFinishedOne();
+    void deletedFileIsSavedUnderItsName();
+    void deletedFileIsSavedBesideAnotherOfItsName_data();
+    void deletedFileIsSavedBesideAnotherOfItsName();
+    void deletedFileIsSavedInItsRenamedFolder();
+    void deletedFolderIsMadeAgain();
+    void whereItsFolderCannotBeMadeAgainItIsSavedAtHome();
+    void whereNothingCanBeSavedThatIsTold();
+    void whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt_data();
+    void whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt();
 
 private:
     QString path(const QString &name) const { return m_root->filePath(name); }
     QByteArray contentOf(const QString &name) const;
     QStringList listed(const QString &folder = QStringLiteral("Recordings")) const;
     void open();
+    void put(const QString &name) const;
     void verifyFinished(const QString &name) const;
 
     const MadeRecording m_made = makeRecording({{40, 30, 20, 10}, {15, 25, 35, 45}});
@@ -38,6 +48,8 @@ void RecordingFileTest::init()
 {
     m_root = std::make_unique<QTemporaryDir>();
     QVERIFY(QDir(m_root->path()).mkdir(QStringLiteral("Recordings")));
+    QVERIFY(QDir(m_root->path()).mkdir(QStringLiteral("home")));
+    qputenv("HOME", path(QStringLiteral("home")).toLocal8Bit());
     open();
 }
 
@@ -58,6 +70,14 @@ QByteArray RecordingFileTest::contentOf(const QString &name) const
 QStringList RecordingFileTest::listed(const QString &folder) const
 {
     return QDir(path(folder)).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+}
+
+/// Another's file.
+void RecordingFileTest::put(const QString &name) const
+{
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::NewOnly));
+    file.write("another");
 }
 
 /// It is there, whole and ordinary, and whoever asks is told so.
@@ -85,6 +105,84 @@ void RecordingFileTest::renameThatLosesTheOldFileLeavesTheFinishedOne()
     QVERIFY(!finishRecording(*m_file, std::nullopt));
     QCOMPARE(network.failures(), 1);
     QCOMPARE(listed(), QStringList(QStringLiteral("a.m4a")));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::deletedFileIsSavedUnderItsName()
+{
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(listed(), QStringList(QStringLiteral("a.m4a")));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::deletedFileIsSavedBesideAnotherOfItsName_data()
+{
+    QTest::addColumn<FileCall>("unknown");
+    QTest::newRow("where a name can be given without replacing") << FileCall::Append;
+    QTest::newRow("where only links do not replace") << FileCall::RenameToFree;
+    QTest::newRow("where there are no links either") << FileCall::RenameOrLinkToFree;
+}
+
+void RecordingFileTest::deletedFileIsSavedBesideAnotherOfItsName()
+{
+    QFETCH(FileCall, unknown);
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    put(QStringLiteral("Recordings/a.m4a"));
+    const FailingCalls fileSystem(unknown, ".finishing", 1, EINVAL);
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(contentOf(QStringLiteral("Recordings/a.m4a")), "another");
+    QCOMPARE(listed(), QStringList({QStringLiteral("a 2.m4a"), QStringLiteral("a.m4a")}));
+    verifyFinished(QStringLiteral("Recordings/a 2.m4a"));
+}
+
+void RecordingFileTest::deletedFileIsSavedInItsRenamedFolder()
+{
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    QVERIFY(QDir(m_root->path()).rename(QStringLiteral("Recordings"), QStringLiteral("Elsewhere")));
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    verifyFinished(QStringLiteral("Elsewhere/a.m4a"));
+    QVERIFY(!QFile::exists(path(QStringLiteral("Recordings"))));
+}
+
+void RecordingFileTest::deletedFolderIsMadeAgain()
+{
+    QVERIFY(QDir(path(QStringLiteral("Recordings"))).removeRecursively());
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::whereItsFolderCannotBeMadeAgainItIsSavedAtHome()
+{
+    QVERIFY(QDir(path(QStringLiteral("Recordings"))).removeRecursively());
+    put(QStringLiteral("Recordings"));
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(contentOf(QStringLiteral("Recordings")), "another");
+    verifyFinished(QStringLiteral("home/a.m4a"));
+}
+
+void RecordingFileTest::whereNothingCanBeSavedThatIsTold()
+{
+    QVERIFY(QDir(path(QStringLiteral("Recordings"))).removeRecursively());
+    put(QStringLiteral("Recordings"));
+    QVERIFY(QDir(path(QStringLiteral("home"))).removeRecursively());
+    QVERIFY(finishRecording(*m_file, std::nullopt));
+}
+
+void RecordingFileTest::whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("NFS") << QStringLiteral(".nfs000000000000a1b200000001");
+    QTest::newRow("SMB") << QStringLiteral(".__smbfile_silly0001");
+    QTest::newRow("FUSE") << QStringLiteral(".fuse_hidden0000a1b200000001");
+}
+
+/// A file system of several machines gives such a name to a deleted file, and takes it away once nobody has it open.
+void RecordingFileTest::whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt()
+{
+    QFETCH(QString, name);
+    QVERIFY(QFile::rename(path(QStringLiteral("Recordings/a.m4a")), path(QStringLiteral("Recordings/") + name)));
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
     verifyFinished(QStringLiteral("Recordings/a.m4a"));
 }
 

@@ -1,10 +1,11 @@
 #include "platform/linux/sound/RecordingFile.h"
 
+#include "platform/StateFolder.h"
 #include "platform/linux/sound/FreeName.h"
+#include "platform/linux/sound/OpenFilePath.h"
 
 #include <QFile>
 
-#include <climits>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -122,24 +123,13 @@ bool RecordingFile::isAt(const FileURL &file) const
     return lstat(file.nativePath().constData(), &status) == 0 && status.st_ino == m_inode && status.st_dev == m_device;
 }
 
-FileURL RecordingFile::presentPath() const
-{
-    const QByteArray link = "/proc/self/fd/" + QByteArray::number(m_file.get());
-    QByteArray path(PATH_MAX, '\0');
-    const ssize_t length = readlink(link.constData(), path.data(), size_t(path.size()));
-    if (length <= 0)
-        return {};
-    path.truncate(length);
-    return FileURL::fromNativePath(path);
-}
-
 bool RecordingFile::locate()
 {
     if (isHere() && isAt(m_url))
         return true;
     // Renamed or moved by somebody, or its folder was: the kernel knows where the open file is now.
-    const FileURL found = presentPath();
-    if (!isAt(found))
+    const FileURL found = pathOfOpenFile(m_file.get());
+    if (found.isEmpty())
         return isHere(); // out of reach by any path, but its open folder still has it
     m_url = found;
     if (isHere())
@@ -152,9 +142,33 @@ bool RecordingFile::locate()
     return isHere();
 }
 
-std::optional<RecordingReplacement> RecordingFile::createReplacement(FileFailure *failure) const
+bool RecordingFile::locateFolder()
 {
-    return RecordingReplacement::create(m_folder.get(), m_inode, failure);
+    FolderURL place = pathOfOpenFile(m_folder.get());
+    if (place.isEmpty()) {
+        place = m_url.deletingLastPathComponent();
+        return makePrivateFolder(place.nativePath()) && saveIn(place);
+    }
+    m_url = place.appendingNativePathComponent(m_name);
+    return true;
+}
+
+bool RecordingFile::saveIn(const FolderURL &folder)
+{
+    FileDescriptor opened = openFolder(folder.nativePath());
+    if (!opened.isOpen())
+        return false;
+    m_folder = std::move(opened);
+    m_url = folder.appendingNativePathComponent(m_name);
+    return true;
+}
+
+std::optional<RecordingReplacement> RecordingFile::createReplacement(FileFailure *failure)
+{
+    if (locate() || locateFolder())
+        return RecordingReplacement::create(m_folder.get(), m_inode, failure);
+    *failure = FileFailure::fromErrno(errno);
+    return std::nullopt;
 }
 
 std::optional<FileFailure> RecordingFile::makeAlike(const RecordingReplacement &replacement) const
@@ -170,6 +184,8 @@ std::optional<FileFailure> RecordingFile::makeAlike(const RecordingReplacement &
 std::optional<FileFailure> RecordingFile::replace(const RecordingReplacement &replacement)
 {
     auto failed = makeAlike(replacement);
+    if (!isHere()) // deleted, before or just now
+        return addBeside(replacement);
     if (!failed && !replacement.renameOver(m_folder.get(), m_name))
         failed = FileFailure::fromErrno(errno);
     if (failed && isHere()) {
@@ -186,7 +202,7 @@ std::optional<FileFailure> RecordingFile::replace(const RecordingReplacement &re
 
 std::optional<FileFailure> RecordingFile::addBeside(const RecordingReplacement &replacement)
 {
-    const QByteArray name = replacement.renameToFree(m_folder.get(), m_name);
+    const QByteArray name = locateFolder() ? replacement.renameToFree(m_folder.get(), m_name) : QByteArray();
     if (name.isEmpty())
         return FileFailure::fromErrno(errno); // not removed, even so: nothing else is left of the recording
     m_name = name;

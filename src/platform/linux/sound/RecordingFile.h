@@ -13,7 +13,8 @@
 namespace kest {
 
 /// The file of one recording, held open with its folder, so that it stays the
-/// same file while folders are moved or renamed under it.
+/// same file while folders are moved or renamed under it, and can be read when
+/// it was deleted.
 ///
 /// Moves between threads as a whole; used by one at a time.
 class RecordingFile
@@ -48,14 +49,20 @@ public:
     /// were renamed meanwhile. False when the file was deleted.
     bool locate();
 
-    /// After `locate`: an empty one beside this file. Null on failure.
-    std::optional<RecordingReplacement> createReplacement(FileFailure *failure) const;
+    /// For a file that was deleted: that folder is the one that it was in.
+    /// False, with errno set, when it cannot be opened.
+    bool saveIn(const FolderURL &folder);
 
-    /// Puts the written replacement in place of this file, so that at every
-    /// moment, power cuts included, one of the two is there whole. When the file
-    /// is gone the replacement gets its name, or the next free one: see `url`.
-    /// After a failure the replacement is removed, unless nothing else is left of
-    /// the recording.
+    /// An empty one beside this file. Where the folder is gone too, it is made
+    /// again. Null on failure.
+    std::optional<RecordingReplacement> createReplacement(FileFailure *failure);
+
+    /// Puts the written replacement in place of this file, wherever that is by
+    /// now, so that at every moment, power cuts included, one of the two is there
+    /// whole. When the file is gone the replacement gets its name, or the next
+    /// free one: see `url`. A recording that somebody deletes while it is
+    /// finished so comes back: rather that than one that is lost. After a failure
+    /// the replacement is removed, unless nothing else is left of the recording.
     std::optional<FileFailure> replace(const RecordingReplacement &replacement);
 
     /// Takes the file away.
@@ -71,7 +78,7 @@ private:
 
     bool isHere() const;
     bool isAt(const FileURL &file) const;
-    FileURL presentPath() const;
+    bool locateFolder();
     std::optional<FileFailure> makeAlike(const RecordingReplacement &replacement) const;
     std::optional<FileFailure> addBeside(const RecordingReplacement &replacement);
 

@@ -2,6 +2,7 @@
 
 #include "platform/linux/sound/boxes/FinishedWriter.h"
 
+#include <QDir>
 #include <QtEndian>
 
 #include <unistd.h>
@@ -42,21 +43,35 @@ FirstBoxes firstBoxes(int file)
     return found;
 }
 
+std::optional<FileFailure> finishBeside(RecordingFile &file, std::optional<qint64> sampleCount,
+                                        std::optional<RecordingReplacement> *copy)
+{
+    FileFailure failure;
+    *copy = file.createReplacement(&failure);
+    if (!*copy)
+        return failure;
+    if (const auto failed = copyAsFinished(file.descriptor(), (*copy)->descriptor(), sampleCount)) {
+        (*copy)->remove();
+        return failed;
+    }
+    return file.replace(**copy);
+}
+
 } // namespace
 
 std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qint64> sampleCount)
 {
-    if (!file.locate())
-        return FileFailure::fromErrno(ENOENT);
-    FileFailure failure;
-    const auto replacement = file.createReplacement(&failure);
-    if (!replacement)
-        return failure;
-    if (const auto failed = copyAsFinished(file.descriptor(), replacement->descriptor(), sampleCount)) {
-        replacement->remove();
-        return failed;
+    std::optional<RecordingReplacement> copy;
+    auto failed = finishBeside(file, sampleCount, &copy);
+    // Of a deleted one nothing is left for the next start. Its folder may have gone with the copy in it; then that has no room.
+    for (const bool atHome : {false, true}) {
+        if (!failed || file.locate() || (copy && copy->isHidden()))
+            return failed;
+        if (atHome && !file.saveIn(FileURL::fromPath(QDir::homePath())))
+            return failed;
+        failed = finishBeside(file, sampleCount, &copy);
     }
-    return file.replace(*replacement);
+    return failed;
 }
 
 std::optional<bool> isFragmented(int file)

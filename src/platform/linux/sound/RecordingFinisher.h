@@ -8,9 +8,11 @@
 namespace kest {
 
 /// Turns a recording that is complete, or cut off, into an ordinary file under
-/// the same name. Lasts `sampleCount` samples; null: all that is there. Blocks
-/// for as long as the disk needs. After a failure the recording is as it was:
-/// playable, but not ordinary.
+/// the name that it has by now. One that was deleted, before or meanwhile, is
+/// saved from what is still open: where it was, under its name or the next free
+/// one, or else in the person's home folder; `file.url()` tells. Lasts
+/// `sampleCount` samples; null: all that is there. Blocks for as long as the disk
+/// needs. After a failure the recording is as it was: playable, but not ordinary.
 std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qint64> sampleCount);
 
 /// True when the file behind `file` holds a movie fragment, so was not finished.

@@ -31,6 +31,11 @@ std::optional<RecordingReplacement> RecordingReplacement::create(int folder, qui
     return std::nullopt;
 }
 
+bool RecordingReplacement::isHidden() const
+{
+    return isTaken(m_folder.get(), m_name);
+}
+
 bool RecordingReplacement::renameOver(int folder, const QByteArray &name) const
 {
     return renameat(m_folder.get(), m_name.constData(), folder, name.constData()) == 0;

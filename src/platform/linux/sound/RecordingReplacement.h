@@ -20,6 +20,9 @@ public:
 
     int descriptor() const { return m_file.get(); }
 
+    /// Whether it is still there under its hidden name.
+    bool isHidden() const;
+
     /// Takes the place of what has that name in the open `folder`, if anything
     /// has. False, with errno set, when it is still hidden.
     bool renameOver(int folder, const QByteArray &name) const;
