@@ -30,6 +30,11 @@ private Q_SLOTS:
     void whereNothingCanBeSavedThatIsTold();
     void whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt_data();
     void whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt();
+    void fileMovedWhileFinishingIsFinishedWhereItIs_data();
+    void fileMovedWhileFinishingIsFinishedWhereItIs();
+    void fileDeletedWhileFinishingIsKept();
+    void fileReplacedWhileFinishingIsSavedBesideTheOther();
+    void folderDeletedWhileFinishingIsMadeAgain();
 
 private:
     QString path(const QString &name) const { return m_root->filePath(name); }
@@ -183,6 +188,52 @@ void RecordingFileTest::whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt()
     QFETCH(QString, name);
     QVERIFY(QFile::rename(path(QStringLiteral("Recordings/a.m4a")), path(QStringLiteral("Recordings/") + name)));
     QVERIFY(!finishRecording(*m_file, std::nullopt));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::fileMovedWhileFinishingIsFinishedWhereItIs_data()
+{
+    QTest::addColumn<QString>("to");
+    QTest::newRow("renamed") << QStringLiteral("Recordings/b.m4a");
+    QTest::newRow("moved") << QStringLiteral("Elsewhere/b.m4a");
+}
+
+void RecordingFileTest::fileMovedWhileFinishingIsFinishedWhereItIs()
+{
+    QFETCH(QString, to);
+    QVERIFY(QDir(m_root->path()).mkdir(QStringLiteral("Elsewhere")));
+    const auto move = [&] { QFile::rename(path(QStringLiteral("Recordings/a.m4a")), path(to)); };
+    const FailingCalls person(FileCall::Sync, ".finishing", 1, 0, move);
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(listed() + listed(QStringLiteral("Elsewhere")), QStringList(QFileInfo(to).fileName()));
+    verifyFinished(to);
+}
+
+void RecordingFileTest::fileDeletedWhileFinishingIsKept()
+{
+    const FailingCalls person(FileCall::Sync, ".finishing", 1, 0,
+                              [this] { QFile::remove(path(QStringLiteral("Recordings/a.m4a"))); });
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::fileReplacedWhileFinishingIsSavedBesideTheOther()
+{
+    const FailingCalls person(FileCall::Sync, ".finishing", 1, 0, [this] {
+        QFile::remove(path(QStringLiteral("Recordings/a.m4a")));
+        put(QStringLiteral("Recordings/a.m4a"));
+    });
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(contentOf(QStringLiteral("Recordings/a.m4a")), "another");
+    verifyFinished(QStringLiteral("Recordings/a 2.m4a"));
+}
+
+void RecordingFileTest::folderDeletedWhileFinishingIsMadeAgain()
+{
+    const FailingCalls person(FileCall::Sync, ".finishing", 1, 0,
+                              [this] { QDir(path(QStringLiteral("Recordings"))).removeRecursively(); });
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(listed(), QStringList(QStringLiteral("a.m4a")));
     verifyFinished(QStringLiteral("Recordings/a.m4a"));
 }
 

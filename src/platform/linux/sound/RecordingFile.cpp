@@ -184,7 +184,7 @@ std::optional<FileFailure> RecordingFile::makeAlike(const RecordingReplacement &
 std::optional<FileFailure> RecordingFile::replace(const RecordingReplacement &replacement)
 {
     auto failed = makeAlike(replacement);
-    if (!isHere()) // deleted, before or just now
+    if (!locate()) // deleted, before or just now
         return addBeside(replacement);
     if (!failed && !replacement.renameOver(m_folder.get(), m_name))
         failed = FileFailure::fromErrno(errno);
