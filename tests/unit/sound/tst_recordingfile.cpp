@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
+
 using namespace kest;
 using namespace kest::test;
 
@@ -35,6 +37,10 @@ private Q_SLOTS:
     void fileDeletedWhileFinishingIsKept();
     void fileReplacedWhileFinishingIsSavedBesideTheOther();
     void folderDeletedWhileFinishingIsMadeAgain();
+    void fileOfAnotherAtTheHiddenNameIsNotWrittenInto();
+    void linkAtTheHiddenNameIsNotFollowed();
+    void whereTheHiddenNameCannotBeFreedAnotherIsTaken();
+    void finishedCopyIsThePersonsAloneWhileItIsWritten();
 
 private:
     QString path(const QString &name) const { return m_root->filePath(name); }
@@ -43,6 +49,10 @@ private:
     void open();
     void put(const QString &name) const;
     void verifyFinished(const QString &name) const;
+    QString hiddenName() const
+    {
+        return QStringLiteral("Recordings/.kest-%1.finishing").arg(m_file->inode());
+    }
 
     const MadeRecording m_made = makeRecording({{40, 30, 20, 10}, {15, 25, 35, 45}});
     std::unique_ptr<QTemporaryDir> m_root;
@@ -235,6 +245,52 @@ void RecordingFileTest::folderDeletedWhileFinishingIsMadeAgain()
     QVERIFY(!finishRecording(*m_file, std::nullopt));
     QCOMPARE(listed(), QStringList(QStringLiteral("a.m4a")));
     verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+/// In a folder that several people share.
+void RecordingFileTest::fileOfAnotherAtTheHiddenNameIsNotWrittenInto()
+{
+    put(hiddenName());
+    QFile planted(path(hiddenName()));
+    QVERIFY(planted.open(QIODevice::ReadOnly)); // as whoever put it there would
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(planted.readAll(), "another");
+    QCOMPARE(listed(), QStringList(QStringLiteral("a.m4a")));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::linkAtTheHiddenNameIsNotFollowed()
+{
+    put(QStringLiteral("target"));
+    QVERIFY(QFile::link(path(QStringLiteral("target")), path(hiddenName())));
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(contentOf(QStringLiteral("target")), "another");
+    QCOMPARE(listed(), QStringList(QStringLiteral("a.m4a")));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+/// As in a folder where everybody may remove only what is their own.
+void RecordingFileTest::whereTheHiddenNameCannotBeFreedAnotherIsTaken()
+{
+    put(hiddenName());
+    const FailingCalls sticky(FileCall::Remove, ".finishing", 1, EPERM);
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(contentOf(hiddenName()), "another");
+    QCOMPARE(listed(), QStringList({QFileInfo(hiddenName()).fileName(), QStringLiteral("a.m4a")}));
+    verifyFinished(QStringLiteral("Recordings/a.m4a"));
+}
+
+void RecordingFileTest::finishedCopyIsThePersonsAloneWhileItIsWritten()
+{
+    QVERIFY(QFile::setPermissions(path(QStringLiteral("Recordings/a.m4a")), QFile::ReadOwner | QFile::WriteOwner));
+    mode_t atFirst = 0;
+    const FailingCalls look(FileCall::WriteAt, ".finishing", 1, 0, [&] {
+        struct stat status = {};
+        stat(QFile::encodeName(path(hiddenName())).constData(), &status);
+        atFirst = status.st_mode & 0777;
+    });
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QCOMPARE(atFirst, mode_t(0600));
 }
 
 QTEST_GUILESS_MAIN(RecordingFileTest)

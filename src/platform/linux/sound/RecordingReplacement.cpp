@@ -2,6 +2,7 @@
 
 #include "platform/linux/sound/FreeName.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
@@ -10,10 +11,27 @@ namespace kest {
 
 namespace {
 
+constexpr int mostHiddenNames = 9;
+
 /// By inode, not by name: a name of 255 bytes leaves no room, and the next start must find it again.
-QByteArray hiddenName(quint64 inode)
+QByteArray hiddenName(quint64 inode, int number)
 {
-    return ".kest-" + QByteArray::number(inode) + ".finishing";
+    const QByteArray name = ".kest-" + QByteArray::number(inode);
+    return (number == 1 ? name : name + '-' + QByteArray::number(number)) + ".finishing";
+}
+
+/// Always a new file: one that is there may be somebody else's, put there to become the recording.
+FileDescriptor makeNew(int folder, const QByteArray &name)
+{
+    constexpr mode_t ownerOnly = 0600; // until it is whole
+    const auto make = [&] {
+        return FileDescriptor(openat(folder, name.constData(), O_RDWR | O_CREAT | O_EXCL | O_CLOEXEC, ownerOnly));
+    };
+    FileDescriptor made = make();
+    if (made.isOpen() || errno != EEXIST)
+        return made;
+    unlinkat(folder, name.constData(), 0); // most likely what a killed program left
+    return make();
 }
 
 } // namespace
@@ -22,10 +40,14 @@ std::optional<RecordingReplacement> RecordingReplacement::create(int folder, qui
 {
     RecordingReplacement made;
     made.m_folder = FileDescriptor(fcntl(folder, F_DUPFD_CLOEXEC, 0));
-    made.m_name = hiddenName(inode);
-    made.m_file = FileDescriptor(openat(folder, made.m_name.constData(),
-                                        O_RDWR | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0666));
-    if (made.m_folder.isOpen() && made.m_file.isOpen())
+    // Where somebody else's cannot be taken away, the next name serves.
+    for (int number = 1; made.m_folder.isOpen() && !made.m_file.isOpen() && number <= mostHiddenNames; ++number) {
+        made.m_name = hiddenName(inode, number);
+        made.m_file = makeNew(folder, made.m_name);
+        if (!made.m_file.isOpen() && errno != EEXIST)
+            break;
+    }
+    if (made.m_file.isOpen())
         return made;
     *failure = FileFailure::fromErrno(errno);
     return std::nullopt;

@@ -15,7 +15,7 @@ class RecordingReplacement
 {
 public:
     /// Makes an empty one in the open `folder`, for the recording with that
-    /// inode. Null on failure.
+    /// inode: a new file that is the person's alone. Null on failure.
     static std::optional<RecordingReplacement> create(int folder, quint64 inode, FileFailure *failure);
 
     int descriptor() const { return m_file.get(); }
