@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QtEndian>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstring>
@@ -19,16 +20,16 @@ struct FirstBoxes {
     bool holdFragment = false;
     bool holdMedia = false;
     bool endWithTheFile = false;
+    quint64 length = 0; ///< By their own word, in bytes.
 };
 
 FirstBoxes firstBoxes(int file)
 {
     // ISO/IEC 14496-12: a file is a row of boxes, each with its length in 32 bits and its type.
     FirstBoxes found;
-    quint64 position = 0;
     for (int box = 0; box < 8 && !found.holdFragment; ++box) {
         uchar header[8] = {};
-        const ssize_t length = pread(file, header, sizeof header, off_t(position));
+        const ssize_t length = pread(file, header, sizeof header, off_t(found.length));
         found.areReadable = length >= 0;
         found.endWithTheFile = length >= 0 && length < ssize_t(sizeof header);
         if (length < ssize_t(sizeof header))
@@ -38,7 +39,7 @@ FirstBoxes firstBoxes(int file)
         const quint32 boxLength = qFromBigEndian<quint32>(header);
         if (boxLength < sizeof header)
             break; // a length of 0 or 1 is never in front of a fragment of ours
-        position += boxLength;
+        found.length += boxLength;
     }
     return found;
 }
@@ -78,6 +79,14 @@ std::optional<bool> isFragmented(int file)
 {
     const FirstBoxes boxes = firstBoxes(file);
     return boxes.areReadable ? std::optional(boxes.holdFragment) : std::nullopt;
+}
+
+bool isWholeAndFinished(int file)
+{
+    const FirstBoxes boxes = firstBoxes(file);
+    struct stat status = {};
+    return boxes.areReadable && boxes.holdMedia && !boxes.holdFragment && fstat(file, &status) == 0
+        && quint64(status.st_size) == boxes.length;
 }
 
 bool mayHoldSound(int file)

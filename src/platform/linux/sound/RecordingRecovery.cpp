@@ -77,6 +77,24 @@ void removeIfNothingCameOf(const RecordingJournal::Entry &entry)
         file->remove();
 }
 
+/// What was hidden beside the recording when the program was killed. A whole copy of one that is nowhere else may be all that
+/// is left of it: the file system lost the rest, or it was saved from a deleted file. False when such a one stays hidden.
+bool clearHidden(const RecordingJournal::Entry &entry, bool keepWhole)
+{
+    const QByteArray path = entry.file().deletingLastPathComponent().nativePath();
+    const FileDescriptor folder(open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!folder.isOpen() || entry.isOnlyAnnounced())
+        return true;
+    bool cleared = true;
+    for (const RecordingReplacement &left : RecordingReplacement::leftIn(folder.get(), entry.inode())) {
+        if (!keepWhole || !isWholeAndFinished(left.descriptor()))
+            left.remove();
+        else if (left.renameToFree(folder.get(), entry.file().nativeLastPathComponent()).isEmpty())
+            cleared = false;
+    }
+    return cleared;
+}
+
 } // namespace
 
 RecordingRecovery::RecordingRecovery(QList<FolderURL> folders) : m_folders(std::move(folders)) { }
@@ -84,7 +102,10 @@ RecordingRecovery::RecordingRecovery(QList<FolderURL> folders) : m_folders(std::
 void RecordingRecovery::finish(std::vector<std::unique_ptr<RecordingJournal::Entry>> entries)
 {
     for (const auto &entry : entries) {
-        if (finishOne(*entry) == Outcome::Done)
+        const Outcome outcome = finishOne(*entry);
+        if (outcome == Outcome::TryAgainLater)
+            continue;
+        if (clearHidden(*entry, outcome == Outcome::NothingToFinish))
             entry->done();
     }
 }
@@ -93,13 +114,13 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
 {
     if (entry.isOnlyAnnounced()) {
         removeIfNothingCameOf(entry);
-        return Outcome::Done;
+        return Outcome::NothingToFinish;
     }
     auto [file, certain] = find(entry);
     if (!file) {
         // With its folder there, the recording was deleted; without, its disk may only be away, for a while.
         const bool deleted = certain && exists(entry.file().deletingLastPathComponent());
-        return deleted || entry.ageInDays() > mostDaysAway ? Outcome::Done : Outcome::TryAgainLater;
+        return deleted || entry.ageInDays() > mostDaysAway ? Outcome::NothingToFinish : Outcome::TryAgainLater;
     }
     const std::optional<bool> unfinished = isFragmented(file->descriptor());
     if (!unfinished)
@@ -107,11 +128,11 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
     if (!*unfinished) {
         if (isOurs(*file, entry) && !mayHoldSound(file->descriptor()))
             file->remove(); // ended before anything was heard
-        return Outcome::Done;
+        return Outcome::NothingToFinish;
     }
     const auto failure = finishRecording(*file, std::nullopt);
     if (!failure)
-        return Outcome::Done;
+        return Outcome::Finished;
     qCWarning(logRecovery, "A recording stays unfinished: %ls", qUtf16Printable(failure->detail));
     return Outcome::TryAgainLater;
 }

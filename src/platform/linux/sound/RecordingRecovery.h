@@ -23,7 +23,11 @@ public:
     void finish(std::vector<std::unique_ptr<RecordingJournal::Entry>> entries);
 
 private:
-    enum class Outcome { Done, TryAgainLater };
+    enum class Outcome {
+        Finished,
+        NothingToFinish, ///< It was finished before, or is gone.
+        TryAgainLater
+    };
 
     struct Search {
         std::optional<RecordingFile> file;

@@ -53,6 +53,22 @@ std::optional<RecordingReplacement> RecordingReplacement::create(int folder, qui
     return std::nullopt;
 }
 
+std::vector<RecordingReplacement> RecordingReplacement::leftIn(int folder, quint64 inode)
+{
+    std::vector<RecordingReplacement> found;
+    for (int number = 1; number <= mostHiddenNames; ++number) {
+        RecordingReplacement left;
+        left.m_name = hiddenName(inode, number);
+        if (!isTaken(folder, left.m_name))
+            continue;
+        left.m_folder = FileDescriptor(fcntl(folder, F_DUPFD_CLOEXEC, 0));
+        left.m_file = FileDescriptor(
+            openat(folder, left.m_name.constData(), O_RDONLY | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK));
+        found.push_back(std::move(left));
+    }
+    return found;
+}
+
 bool RecordingReplacement::isHidden() const
 {
     return isTaken(m_folder.get(), m_name);

@@ -6,6 +6,7 @@
 #include <QByteArray>
 
 #include <optional>
+#include <vector>
 
 namespace kest {
 
@@ -17,6 +18,10 @@ public:
     /// Makes an empty one in the open `folder`, for the recording with that
     /// inode: a new file that is the person's alone. Null on failure.
     static std::optional<RecordingReplacement> create(int folder, quint64 inode, FileFailure *failure);
+
+    /// What a killed program left in the open `folder` for the recording with
+    /// that inode. One that cannot be opened has no descriptor.
+    static std::vector<RecordingReplacement> leftIn(int folder, quint64 inode);
 
     int descriptor() const { return m_file.get(); }
 
