@@ -92,6 +92,12 @@ using kest::test::FileCall;
 using kest::test::fails;
 using kest::test::next;
 
+extern "C" ssize_t read(int file, void *bytes, size_t count)
+{
+    static auto *const real = next<ssize_t(int, void *, size_t)>("read");
+    return fails(FileCall::Read, file) ? -1 : real(file, bytes, count);
+}
+
 extern "C" ssize_t write(int file, const void *bytes, size_t count)
 {
     static auto *const real = next<ssize_t(int, const void *, size_t)>("write");

@@ -3,12 +3,14 @@
 #include "platform/linux/sound/RecordingFinisher.h"
 #include "platform/linux/sound/RecordingJournal.h"
 #include "platform/linux/sound/RecordingRecovery.h"
+#include "support/FailingCalls.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using namespace kest;
@@ -27,6 +29,9 @@ private Q_SLOTS:
     void hiddenWholeCopyOfALostRecordingIsKept();
     void hiddenWholeCopyStaysBesideAnotherFileOfItsName();
     void hiddenWholeCopyOfAFinishedRecordingIsRemoved();
+    void whereAFolderCannotBeReadItIsTriedAgain();
+    void whereThereIsTooMuchToLookThroughItIsTriedAgain();
+    void entryThatCannotBeReadStays();
 
 private:
     QString path(const QString &name) const { return m_root->filePath(name); }
@@ -152,6 +157,38 @@ void RecordingRecoveryTest::hiddenWholeCopyOfAFinishedRecordingIsRemoved()
     recover();
     QCOMPARE(listed(QStringLiteral("Recordings")), QStringList(QStringLiteral("a.m4a")));
     QCOMPARE(contentOf(QStringLiteral("Recordings/a.m4a")), finished());
+}
+
+void RecordingRecoveryTest::whereAFolderCannotBeReadItIsTriedAgain()
+{
+    QVERIFY(QFile::rename(path(QStringLiteral("Recordings/a.m4a")), path(QStringLiteral("Elsewhere/b.m4a"))));
+    QVERIFY(QFile::link(path(QStringLiteral("round")), path(QStringLiteral("round"))));
+    // Root may read every folder: a link to itself is what not even root can open.
+    QVERIFY(QDir(m_root->path()).mkdir(QStringLiteral("deep")));
+    QVERIFY(QDir(m_root->path()).rename(QStringLiteral("Elsewhere"), QStringLiteral("deep/Elsewhere")));
+    recover({FileURL::fromPath(path(QStringLiteral("round")))});
+    QCOMPARE(remembered().size(), 1);
+    recover({FileURL::fromPath(path(QStringLiteral("deep/Elsewhere")))});
+    QCOMPARE(remembered(), QStringList());
+    QCOMPARE(contentOf(QStringLiteral("deep/Elsewhere/b.m4a")), finished());
+}
+
+void RecordingRecoveryTest::whereThereIsTooMuchToLookThroughItIsTriedAgain()
+{
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    const QByteArray folder = QFile::encodeName(path(QStringLiteral("Recordings/")));
+    for (int number = 0; number <= 20'000; ++number)
+        QCOMPARE(mknod((folder + QByteArray::number(number)).constData(), S_IFREG | 0600, 0), 0);
+    recover();
+    QCOMPARE(remembered().size(), 1);
+}
+
+void RecordingRecoveryTest::entryThatCannotBeReadStays()
+{
+    const FailingCalls disk(FileCall::Read, ".json", 1, EIO);
+    recover();
+    QCOMPARE(disk.failures(), 1);
+    QCOMPARE(remembered().size(), 1);
 }
 
 QTEST_GUILESS_MAIN(RecordingRecoveryTest)

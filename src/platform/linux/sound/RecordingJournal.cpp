@@ -173,7 +173,9 @@ std::unique_ptr<RecordingJournal::Entry> RecordingJournal::take(const QByteArray
         return nullptr; // another process is at it
     QByteArray bytes(largestEntry, '\0');
     const ssize_t length = read(entry->m_lock.get(), bytes.data(), size_t(bytes.size()));
-    const QJsonObject object = QJsonDocument::fromJson(bytes.left(length > 0 ? length : 0)).object();
+    if (length < 0)
+        return nullptr; // the disk may yet give it at another start
+    const QJsonObject object = QJsonDocument::fromJson(bytes.left(length)).object();
     const QByteArray file = QByteArray::fromPercentEncoding(object[u"path"].toString().toLatin1());
     if (!file.startsWith('/')) {
         entry->done(); // written only halfway, or not by us: it can never be of use

@@ -8,6 +8,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <cerrno>
+
 namespace kest {
 
 namespace {
@@ -29,29 +31,45 @@ bool isEmpty(const RecordingFile &file)
     return fstat(file.descriptor(), &status) == 0 && status.st_size == 0;
 }
 
-/// The regular file with this inode in `folder`, whatever its name; empty when there is none.
-FileURL fileWithInode(const FolderURL &folder, quint64 inode, int *budget)
+/// The search for one file by its inode.
+struct Looking {
+    int budget = mostEntriesLookedAt;
+    bool sawAll = true; ///< False once something could not be looked at.
+};
+
+/// Null when there is none or it cannot be read.
+DIR *openListing(const FolderURL &folder, Looking *looking)
 {
     DIR *listing = opendir(folder.nativePath().constData());
-    if (!listing)
-        return {};
+    if (!listing && errno != ENOENT && errno != ENOTDIR)
+        looking->sawAll = false;
+    return listing;
+}
+
+/// The regular file with this inode in `folder`, whatever its name; empty when there is none.
+FileURL fileWithInode(const FolderURL &folder, quint64 inode, Looking *looking)
+{
+    DIR *listing = openListing(folder, looking);
     FileURL found;
-    while (const dirent *entry = readdir(listing)) {
-        if (--*budget < 0)
+    while (const dirent *entry = listing ? readdir(listing) : nullptr) {
+        if (--looking->budget < 0) {
+            looking->sawAll = false;
             break;
+        }
         if (entry->d_ino == inode && (entry->d_type == DT_REG || entry->d_type == DT_UNKNOWN)) {
             found = folder.appendingNativePathComponent(entry->d_name);
             break;
         }
     }
-    closedir(listing);
+    if (listing)
+        closedir(listing);
     return found;
 }
 
-QList<FolderURL> foldersIn(const FolderURL &parent)
+QList<FolderURL> foldersIn(const FolderURL &parent, Looking *looking)
 {
     QList<FolderURL> found;
-    DIR *listing = opendir(parent.nativePath().constData());
+    DIR *listing = openListing(parent, looking);
     while (const dirent *entry = listing ? readdir(listing) : nullptr) {
         const QByteArray name = entry->d_name;
         if ((entry->d_type == DT_DIR || entry->d_type == DT_UNKNOWN) && name != "." && name != "..")
@@ -146,9 +164,12 @@ RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry 
     bool certain = failure.errorNumber == ENOENT;
     if (entry.birthTime() == 0)
         return {std::nullopt, certain}; // an inode alone may be anybody's by now
-    int budget = mostEntriesLookedAt;
-    for (const FolderURL &folder : placesFor(entry.file())) {
-        const FileURL found = fileWithInode(folder, entry.inode(), &budget);
+    Looking looking;
+    const FolderURL folder = entry.file().deletingLastPathComponent();
+    // Renamed in its folder; in the folder of today's recordings; or with its folder, which got another name.
+    const QList<FolderURL> besides = foldersIn(folder.deletingLastPathComponent(), &looking);
+    for (const FolderURL &place : QList<FolderURL>{folder} + m_folders + besides) {
+        const FileURL found = fileWithInode(place, entry.inode(), &looking);
         if (found.isEmpty() || found.pathExtension() != entry.file().pathExtension())
             continue;
         auto file = RecordingFile::open(found, &failure);
@@ -157,14 +178,7 @@ RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry 
             return {std::move(file)};
         certain = certain && (file || failure.errorNumber == ENOENT);
     }
-    return {std::nullopt, certain};
-}
-
-QList<FolderURL> RecordingRecovery::placesFor(const FileURL &file) const
-{
-    const FolderURL folder = file.deletingLastPathComponent();
-    // Renamed in its folder; in the folder of today's recordings; or with its folder, which got another name.
-    return QList<FolderURL>{folder} + m_folders + foldersIn(folder.deletingLastPathComponent());
+    return {std::nullopt, certain && looking.sawAll};
 }
 
 } // namespace kest

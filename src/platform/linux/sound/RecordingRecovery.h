@@ -36,7 +36,6 @@ private:
 
     Outcome finishOne(const RecordingJournal::Entry &entry);
     Search find(const RecordingJournal::Entry &entry) const;
-    QList<FolderURL> placesFor(const FileURL &file) const;
 
     const QList<FolderURL> m_folders;
 };
