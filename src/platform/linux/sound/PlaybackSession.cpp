@@ -118,8 +118,9 @@ void PlaybackSession::contextLost()
 
 void PlaybackSession::streamDrained()
 {
-    if (std::exchange(m_ended, true))
+    if (m_ended)
         return;
+    const auto self = shared_from_this(); // see end
     const auto ended = m_events.ended;
     end();
     if (!m_stopped && ended)
@@ -143,6 +144,7 @@ void PlaybackSession::fail(PlaybackTrouble trouble, const QString &detail)
 {
     if (m_ended)
         return;
+    const auto self = shared_from_this(); // see end
     const auto failed = m_events.failed;
     end();
     if (!m_stopped && failed)
@@ -151,11 +153,13 @@ void PlaybackSession::fail(PlaybackTrouble trouble, const QString &detail)
 
 void PlaybackSession::end()
 {
-    m_ended = true;
+    if (std::exchange(m_ended, true))
+        return;
+    const auto self = shared_from_this(); // the context may be the last that has it
     m_buffer->cancel();
     m_context->removeListener(this);
     // Later: this may be called from a callback of the one or the other.
-    m_context->thread().post([self = shared_from_this()] {
+    m_context->thread().post([self] {
         self->m_stream.reset();
         self->m_timer.reset();
         self->m_events = {};
