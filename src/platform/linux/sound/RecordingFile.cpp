@@ -171,19 +171,9 @@ std::optional<RecordingReplacement> RecordingFile::createReplacement(FileFailure
     return std::nullopt;
 }
 
-std::optional<FileFailure> RecordingFile::makeAlike(const RecordingReplacement &replacement) const
-{
-    struct stat status = {};
-    fstat(m_file.get(), &status);
-    const timespec times[] = {status.st_atim, status.st_mtim}; // it was spoken then, whenever it is finished
-    fchmod(replacement.descriptor(), status.st_mode & 07777);
-    futimens(replacement.descriptor(), times);
-    return fsync(replacement.descriptor()) < 0 ? std::optional(FileFailure::fromErrno(errno)) : std::nullopt;
-}
-
 std::optional<FileFailure> RecordingFile::replace(const RecordingReplacement &replacement)
 {
-    auto failed = makeAlike(replacement);
+    auto failed = replacement.complete(m_file.get());
     if (!locate()) // deleted, before or just now
         return addBeside(replacement);
     if (!failed && !replacement.renameOver(m_folder.get(), m_name))

@@ -79,7 +79,6 @@ private:
     bool isHere() const;
     bool isAt(const FileURL &file) const;
     bool locateFolder();
-    std::optional<FileFailure> makeAlike(const RecordingReplacement &replacement) const;
     std::optional<FileFailure> addBeside(const RecordingReplacement &replacement);
 
     FileURL m_url;

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace kest {
@@ -72,6 +73,16 @@ std::vector<RecordingReplacement> RecordingReplacement::leftIn(int folder, quint
 bool RecordingReplacement::isHidden() const
 {
     return isTaken(m_folder.get(), m_name);
+}
+
+std::optional<FileFailure> RecordingReplacement::complete(int recording) const
+{
+    struct stat status = {};
+    fstat(recording, &status);
+    const timespec times[] = {status.st_atim, status.st_mtim}; // it was spoken then, whenever it is finished
+    fchmod(m_file.get(), status.st_mode & 07777);
+    futimens(m_file.get(), times);
+    return fsync(m_file.get()) < 0 ? std::optional(FileFailure::fromErrno(errno)) : std::nullopt;
 }
 
 bool RecordingReplacement::renameOver(int folder, const QByteArray &name) const

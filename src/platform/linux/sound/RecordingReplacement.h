@@ -28,6 +28,10 @@ public:
     /// Whether it is still there under its hidden name.
     bool isHidden() const;
 
+    /// Written: gives it the rights and times of the open `recording`, and has it
+    /// on the disk.
+    std::optional<FileFailure> complete(int recording) const;
+
     /// Takes the place of what has that name in the open `folder`, if anything
     /// has. False, with errno set, when it is still hidden.
     bool renameOver(int folder, const QByteArray &name) const;
