@@ -29,9 +29,10 @@ bool linkAndUnlink(int fromFolder, const QByteArray &from, int folder, const QBy
 /// What is replaced then is an empty file of our own.
 bool takeAndReplace(int fromFolder, const QByteArray &from, int folder, const QByteArray &name)
 {
-    const FileDescriptor taken(openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    FileDescriptor taken(openat(folder, name.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
     if (!taken.isOpen())
         return false;
+    taken.close(); // not every file system replaces what is open
     if (renameat(fromFolder, from.constData(), folder, name.constData()) == 0)
         return true;
     const int error = errno;
