@@ -11,14 +11,28 @@ function extension(name) {
   return /\.([A-Za-z0-9]{1,8})$/.exec(name)?.[1] ?? "";
 }
 
-/** One piece of a file that the host reads out; false when it is none. */
+/** The bytes behind base64; null when it is none. */
+function decoded(data) {
+  try {
+    return Uint8Array.fromBase64(data);
+  } catch {
+    return null;
+  }
+}
+
+/** One piece of a file that the host reads out; false when it is none. A file with such a piece never gets whole. */
 export function takeChunk({ chunk, data, last }) {
   if (!Number.isInteger(chunk) || typeof data !== "string") {
     return false;
   }
-  const file = arriving.get(chunk) ?? { parts: [], complete: false };
+  const file = arriving.get(chunk) ?? { parts: [], complete: false, broken: false };
   arriving.set(chunk, file);
-  file.parts.push(new Blob([Uint8Array.fromBase64(data)]));
+  const bytes = file.broken ? null : decoded(data);
+  if (!bytes) {
+    Object.assign(file, { parts: [], complete: false, broken: true });
+    return false;
+  }
+  file.parts.push(new Blob([bytes]));
   file.complete = Boolean(last);
   return true;
 }

@@ -28,6 +28,22 @@ test("a dropped file is gone", () => {
   assert.throws(() => attachment("a.txt", { file: 4 }), { name: "Failed" });
 });
 
+test("a piece that is no base64 is not taken, and its file is none, whatever follows", () => {
+  for (const data of ["x", "/", "a===", "aGVsbG8=aGVs", "aGVsbG8==", "aGVs====", "aGVs\u0000", "aGVs-_"]) {
+    arrive(6, "first", false);
+    assert.equal(takeChunk({ chunk: 6, data, last: false }), false, data);
+    assert.equal(takeChunk({ chunk: 6, data: "aGVsbG8=", last: true }), false, data);
+    assert.throws(() => attachment("a.txt", { file: 6 }), { name: "Failed" }, data);
+  }
+});
+
+test("a file's number can be used again after a broken one was dropped", async () => {
+  takeChunk({ chunk: 7, data: "x", last: true });
+  dropFile(7);
+  arrive(7, "whole");
+  assert.equal(await attachment("a.txt", { file: 7 }).file.text(), "whole");
+});
+
 test("the temporary file has a plain short name and the right type", () => {
   const file = plainFile(["x"], "Grüße; 🎤 rm -rf.M4A");
   assert.deepEqual([file.name, file.type], ["attachment.M4A", "audio/mp4"]);
