@@ -1,8 +1,8 @@
 /** Starts with Thunderbird and answers the host for as long as it runs. */
 
+import { failure, success } from "./answers.js";
 import { dropAllFiles, dropFile, takeChunk } from "./attachments.js";
 import { Connection } from "./connection.js";
-import { describe } from "./errors.js";
 import * as outgoing from "./outgoing.js";
 import { carryOut } from "./vocabulary.js";
 import * as windows from "./windows.js";
@@ -21,9 +21,9 @@ function filesOf(values) {
 
 async function answer(call) {
   try {
-    connection.send({ answer: call.call, result: (await carryOut(call)) ?? null });
+    connection.send(success(call.call, await carryOut(call)));
   } catch (error) {
-    connection.send({ answer: call.call, error: describe(error) });
+    connection.send(failure(call.call, error));
   } finally {
     // A call that failed early has not taken its files out.
     for (const reference of filesOf(call.arguments)) {

@@ -84,10 +84,11 @@ async function startAddon() {
   return port;
 }
 
+const port = await startAddon();
+
 test("whatever the host sends, every call is answered once and nothing is thrown", async () => {
   mock.method(console, "warn", () => {});
   mock.method(console, "error", () => {});
-  const port = await startAddon();
   const random = randomFrom(SEED);
   for (let round = 0; round < ROUNDS; round++) {
     let message = MESSAGES[random(MESSAGES.length)];
@@ -110,6 +111,20 @@ test("whatever the host sends, every call is answered once and nothing is thrown
     port.sent.length = 0;
   }
   assert.equal({}.file, undefined, "nothing has got into the prototype of all objects");
+});
+
+test("what is asked for at great length is refused in few words", async () => {
+  const long = "/long".repeat(1e6);
+  for (const message of [call("Message", "get", "Subject", undefined, long), call("Message", "get", long),
+    call("OutgoingMessage", "get", "Subject", undefined, long), call(long, "get", "Subject"),
+    call("Application", "call", "Reply", { original: long, attachments: [] }),
+    call("Application", "call", "NewMessage", { content: "", account: "", attachments: [[long, { file: 1 }]] })]) {
+    port.sent.length = 0;
+    port.onMessage.fire(message);
+    await turns();
+    const [{ error }] = port.sent;
+    assert.ok(error.name && error.message.length <= 500);
+  }
 });
 
 test("the host's words name nothing but the contract's members", async () => {

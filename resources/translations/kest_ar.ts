@@ -684,6 +684,10 @@ If you like, see first that all is ready.</source>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>تعذّر تحميل جزء Kest الذي يُعِدّ البريد. يُرجى تثبيت Kest من جديد.</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>الردّ أطول من أن يُمرَّر.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

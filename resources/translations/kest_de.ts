@@ -684,6 +684,10 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>Der Teil von Kest, der E-Mails vorbereitet, konnte nicht geladen werden. Bitte installieren Sie Kest neu.</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>Die Antwort ist zu lang, um weitergegeben zu werden.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

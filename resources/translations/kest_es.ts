@@ -684,6 +684,10 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>No se pudo cargar la parte de Kest que prepara el correo. Instale Kest de nuevo.</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>La respuesta es demasiado larga para transmitirla.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -684,6 +684,10 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>La partie de Kest qui prépare le courrier n’a pas pu être chargée. Veuillez réinstaller Kest.</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>La réponse est trop longue pour être transmise.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

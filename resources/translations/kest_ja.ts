@@ -684,6 +684,10 @@ If you like, see first that all is ready.</source>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>メールを準備する Kest の部品を読み込めませんでした。Kest をもう一度インストールしてください。</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>応答が長すぎるため、受け渡せません。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -684,6 +684,10 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>Não foi possível carregar a parte do Kest que prepara o e-mail. Instale o Kest novamente.</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>A resposta é longa demais para ser repassada.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

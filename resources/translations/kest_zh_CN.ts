@@ -684,6 +684,10 @@ If you like, see first that all is ready.</source>
         <source>The part of Kest that prepares mail could not be loaded. Please install Kest again.</source>
         <translation>无法加载 Kest 中准备邮件的部分。请重新安装 Kest。</translation>
     </message>
+    <message>
+        <source>The answer is too long to be passed on.</source>
+        <translation>应答过长，无法传递。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>
