@@ -10,15 +10,16 @@ export function recipientList(mailboxes) {
   return mailboxes.map(box => formatMailbox(box.name, box.address));
 }
 
-/** The signature's text in a compose window's document, with its line "-- "; empty without one. */
-function signatureIn(html) {
-  const element = new DOMParser().parseFromString(html, "text/html").querySelector(".moz-signature");
-  element?.querySelectorAll("br").forEach(line => line.replaceWith("\n"));
-  return element?.textContent ?? "";
+/** The signature in a compose window's document. One in a quote is somebody else's. */
+function signatureElement(html) {
+  return new DOMParser().parseFromString(html, "text/html").querySelector("body > .moz-signature");
 }
 
-function signatureElement(html) {
-  return new DOMParser().parseFromString(html, "text/html").querySelector(".moz-signature")?.outerHTML ?? "";
+/** Its text, with its line "-- "; empty without one. */
+function signatureIn(html) {
+  const element = signatureElement(html);
+  element?.querySelectorAll("br").forEach(line => line.replaceWith("\n"));
+  return element?.textContent ?? "";
 }
 
 function signatureText(message, details) {
@@ -50,7 +51,7 @@ export async function writeContent(message, content) {
     const kept = start < 0 ? "" : now.plainTextBody.slice(start);
     return writePlain(message, kept ? `${content}\n\n${kept}` : content, signature);
   }
-  const kept = signatureElement(now.body);
+  const kept = signatureElement(now.body)?.outerHTML ?? "";
   const body = replaceBody(now.body, asHtml(content) + (kept && `<br><br>${kept}`));
   return messenger.compose.setComposeDetails(message.tabId, { body });
 }

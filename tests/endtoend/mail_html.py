@@ -157,6 +157,16 @@ class Html(MailCase):
         wait_until(lambda: "/allowed/img" in self.pictures.asked, "the pictures that are allowed")
         self.assertEqual(self.pictures.asked_for("blocked"), [])
 
+    def test_the_signature_of_the_person_answered_is_not_taken_for_ones_own(self):
+        original = self.message_called("Pictures blocked")
+        reply = self.discard(str(self.bus.call("Reply", True, False, path=original, signature="bb")))
+        self.bus.set(reply, "Sender", "Anna Lark <anna@example.test>")
+        self.bus.set(reply, "Content", "Instead")
+        self.bus.call("Send", path=reply)
+        html = self.html_of(self.mail.wait_sent()[0])
+        self.assertIn("Instead", html)
+        self.assertNotIn("moz-signature", html)
+
     def test_a_message_in_a_window_of_its_own_is_the_selection(self):
         self.thunderbird.open_inbox(self.bus, 3)
         selected = self.bus.selection()
