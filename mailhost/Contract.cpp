@@ -25,6 +25,15 @@ QString attribute(const QXmlStreamReader &xml, QLatin1StringView name)
     return xml.attributes().value(name).toString();
 }
 
+bool isNumbered(const QString &path, QLatin1StringView kind)
+{
+    const qsizetype start = rootPath.size() + kind.size();
+    const QStringView number = QStringView(path).mid(start);
+    const auto isDigit = [](QChar unit) { return unit >= u'0' && unit <= u'9'; };
+    return path.startsWith(rootPath + kind) && !number.isEmpty() && number.size() <= longestNumber
+        && std::ranges::all_of(number, isDigit);
+}
+
 ContractMember readMethod(QXmlStreamReader &xml)
 {
     ContractMember method {attribute(xml, "name"_L1), {}, {}, {}, false};
@@ -90,9 +99,7 @@ Contract::Contract(const QByteArray &text)
 
 bool Contract::canBeObject(const QString &path)
 {
-    const QStringView number = QStringView(path).mid(path.lastIndexOf(u'/') + 1);
-    const auto isDigit = [](QChar unit) { return unit >= u'0' && unit <= u'9'; };
-    return path == rootPath || (number.size() <= longestNumber && std::ranges::all_of(number, isDigit));
+    return path == rootPath || isNumbered(path, "/message/"_L1) || isNumbered(path, "/outgoing/"_L1);
 }
 
 const ContractInterface *Contract::forPath(const QString &path) const

@@ -49,22 +49,22 @@ FileHandOver::~FileHandOver()
 
 void FileHandOver::start()
 {
-    if (const QString problem = measure(); !problem.isEmpty())
-        return fail(problem);
+    if (!measure())
+        return fail(u"An attachment is not a regular file that can be read."_s);
+    if (m_total > mostBytes)
+        return fail(u"The attachments are larger than 2 GiB together, more than a mail can carry."_s);
     sendMore();
 }
 
-QString FileHandOver::measure()
+bool FileHandOver::measure()
 {
     for (const Source &source : m_sources) {
         struct stat status {};
         if (fstat(source.descriptor.fileDescriptor(), &status) != 0 || !S_ISREG(status.st_mode))
-            return u"An attachment is not a regular file that can be read."_s;
-        if (status.st_size > mostBytes - m_total)
-            return u"The attachments are larger than 2 GiB together, more than a mail can carry."_s;
-        m_total += status.st_size;
+            return false;
+        m_total += qMin<qint64>(status.st_size, mostBytes + 1); // so that no sum overflows
     }
-    return {};
+    return true;
 }
 
 void FileHandOver::sendMore()

@@ -50,8 +50,7 @@ private:
         qint64 offset = 0;
     };
 
-    /// Adds the sizes up; words when there is something that cannot travel.
-    QString measure();
+    bool measure();
     void sendMore();
     bool sendPiece();
     void drop();

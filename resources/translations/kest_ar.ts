@@ -669,6 +669,10 @@ If you like, see first that all is ready.</source>
         <translation>أحد المرفقات ليس ملفًا عاديًا يمكن قراءته.</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>المرفقات معًا أكبر من 2 غيغابايت، أي أكثر مما يمكن أن تحمله رسالة.</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>تعذّرت قراءة أحد المرفقات: %1.</translation>
     </message>

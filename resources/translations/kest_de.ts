@@ -669,6 +669,10 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <translation>Ein Anhang ist keine gewöhnliche Datei, die gelesen werden kann.</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>Die Anhänge sind zusammen größer als 2 GiB, mehr, als eine E-Mail tragen kann.</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>Ein Anhang kann nicht gelesen werden: %1.</translation>
     </message>

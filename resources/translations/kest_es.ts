@@ -669,6 +669,10 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <translation>Un adjunto no es un archivo normal que se pueda leer.</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>Los adjuntos superan juntos los 2 GiB, más de lo que puede llevar un mensaje.</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>No se puede leer un adjunto: %1.</translation>
     </message>

@@ -669,6 +669,10 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <translation>Une pièce jointe n’est pas un fichier ordinaire lisible.</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>Les pièces jointes dépassent ensemble 2 Gio, plus qu’un message ne peut en transporter.</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>Une pièce jointe ne peut pas être lue : %1.</translation>
     </message>

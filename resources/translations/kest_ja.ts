@@ -669,6 +669,10 @@ If you like, see first that all is ready.</source>
         <translation>添付するものが、読み取れる通常のファイルではありません。</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>添付するものが合計 2 GiB を超えており、メールで送れる大きさではありません。</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>添付ファイルを読み取れません: %1</translation>
     </message>

@@ -669,6 +669,10 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <translation>Um anexo não é um arquivo comum que possa ser lido.</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>Os anexos somam mais de 2 GiB, mais do que uma mensagem pode levar.</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>Um anexo não pode ser lido: %1.</translation>
     </message>

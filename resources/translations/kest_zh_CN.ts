@@ -669,6 +669,10 @@ If you like, see first that all is ready.</source>
         <translation>有附件不是可读取的普通文件。</translation>
     </message>
     <message>
+        <source>The attachments are larger than 2 GiB together, more than a mail can carry.</source>
+        <translation>附件合计超过 2 GiB，超出了一封邮件所能承载的大小。</translation>
+    </message>
+    <message>
         <source>An attachment cannot be read: %1.</source>
         <translation>无法读取附件：%1。</translation>
     </message>

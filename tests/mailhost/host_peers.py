@@ -117,7 +117,8 @@ class HostPeers(HostCase):
 
     def test_a_path_of_megabytes_does_not_reach_the_addon(self):
         self.start()
-        for path in ("/org/kest/Mail1/message/" + "1" * 5_000_000, "/org/kest/Mail1/message/" + "1" * 16):
+        for path in ("/org/kest/Mail1/message/" + "1" * 5_000_000, "/org/kest/Mail1/message/" + "1" * 16,
+                     "/org/kest/Mail1/message/" + "a" * 5_000_000 + "/2"):
             self.fails("NoSuchObject", lambda: self.stranger().get(path, "Subject"))
         self.assertNothingReachedTheAddon()
 

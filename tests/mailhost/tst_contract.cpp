@@ -82,6 +82,9 @@ private Q_SLOTS:
         QTest::newRow("message") << u"/org/kest/Mail1/message/7"_s << true;
         QTest::newRow("long number") << u"/org/kest/Mail1/outgoing/123456789012345"_s << true;
         QTest::newRow("longer number") << u"/org/kest/Mail1/outgoing/1234567890123456"_s << false;
+        QTest::newRow("no number") << u"/org/kest/Mail1/message/"_s << false;
+        QTest::newRow("number below something") << u"/org/kest/Mail1/message/x/1"_s << false;
+        QTest::newRow("number elsewhere") << u"/org/kest/Mail1/draft/1"_s << false;
         QTest::newRow("word") << u"/org/kest/Mail1/message/none"_s << false;
         QTest::newRow("other digits") << u"/org/kest/Mail1/message/\u0663"_s << false;
     }

@@ -22,6 +22,7 @@ constexpr const char *sentences[] = {
     // The helper's.
     QT_TRANSLATE_NOOP("kest", "%1 is busy with other requests."),
     QT_TRANSLATE_NOOP("kest", "An attachment is not a regular file that can be read."),
+    QT_TRANSLATE_NOOP("kest", "The attachments are larger than 2 GiB together, more than a mail can carry."),
     QT_TRANSLATE_NOOP("kest", "An attachment cannot be read: %1."),
     QT_TRANSLATE_NOOP("kest", "The add-on gave an answer that makes no sense."),
     QT_TRANSLATE_NOOP("kest", "Only Kest may do this, and the caller is not the Kest that runs."),
