@@ -88,11 +88,11 @@ bool ASMail::prepare()
 // The engine reads modules from files only, so a text that was judged goes into one that is nobody else's.
 std::optional<ScriptException> ASMail::importScript()
 {
-    if (m_script.isBuiltIn())
+    if (!m_script.text)
         return m_engine->importModule(m_script.path);
     const QTemporaryDir folder;
     QFile file(folder.filePath(u"ASMail.mjs"_s));
-    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner) && file.write(m_script.text) == m_script.text.size())
+    if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner) && file.write(*m_script.text) == m_script.text->size())
         file.close();
     return m_engine->importModule(file.fileName());
 }

@@ -64,7 +64,7 @@ std::optional<QByteArray> ownScript(int folder, int file)
 MailScript findMailScript(const QString &dataHome)
 {
     registerResources();
-    const MailScript builtIn{QStringLiteral(":/ASMail.mjs"), {}};
+    const MailScript builtIn{QStringLiteral(":/ASMail.mjs")};
     const QString folderPath = dataHome + QStringLiteral("/kest");
     const QString path = folderPath + QStringLiteral("/ASMail.mjs");
     const int folder = ::open(QFile::encodeName(folderPath).constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
@@ -78,7 +78,7 @@ MailScript findMailScript(const QString &dataHome)
     if (folder >= 0)
         ::close(folder);
     if (text)
-        return {path, *text};
+        return {path, text};
     if (isThere)
         qCWarning(mailScript) << "Not used, because others could change it, or it is no script:" << path;
     return builtIn;

@@ -3,14 +3,15 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 namespace kest {
 
 /// The script that ASMail runs.
 struct MailScript {
-    QString path;    ///< Where it was found: ":/ASMail.mjs" is the system's own.
-    QByteArray text; ///< What stood there when it was judged; of the system's own nothing, it is read by its path.
-
-    bool isBuiltIn() const { return path.startsWith(u':'); }
+    QString path; ///< Where it was found: ":/ASMail.mjs" is the system's own.
+    /// What stood there when it was judged, which may be empty; nothing for the system's own, which is read by its path.
+    std::optional<QByteArray> text = std::nullopt;
 };
 
 /// The person's own script at `dataHome`/kest/ASMail.mjs when it is a regular
