@@ -7,6 +7,7 @@
 #include "ui/MainWindowController.h"
 #include "ui/StatusItem.h"
 #include "ui/controls/ReadoutField.h"
+#include "ui/controls/SeenClick.h"
 
 #include <QLoggingCategory>
 #include <QTimer>
@@ -155,7 +156,8 @@ void AppDelegate::appWasActivated(const QString &identifier)
 {
     if (identifier == m_platform.workspace->ownIdentifier() || identifier == mailApplicationIdentifier) {
         m_winController->orderFront();
-        noticeIsSeen();
+        if (canBeSeen(*m_winController->window()))
+            noticeIsSeen();
         updateInputName();
     } else if (!m_winController->sheetShowing()) {
         const bool wasShown = m_winController->window()->isVisible();
@@ -177,7 +179,7 @@ void AppDelegate::tellThatRecordingGoesOn()
 
 void AppDelegate::tellTrouble(const QString &words)
 {
-    if (m_winController->window()->isVisible())
+    if (canBeSeen(*m_winController->window()))
         return;
     m_platform.workspace->showNotice(
         tr("Kest’s recording has ended"),
@@ -187,7 +189,7 @@ void AppDelegate::tellTrouble(const QString &words)
 /// A microphone that is silent between words must not bring a notice with every pause for breath.
 void AppDelegate::tellWarning(const QString &words)
 {
-    if (m_winController->window()->isVisible() || m_toldWarnings.contains(words))
+    if (canBeSeen(*m_winController->window()) || m_toldWarnings.contains(words))
         return;
     m_toldWarnings.append(words);
     m_platform.workspace->showNotice(

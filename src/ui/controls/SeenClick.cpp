@@ -19,7 +19,11 @@ void onSeenClick(QAbstractButton &button, QObject *context, std::function<void()
 
 bool canBeSeen(const QWidget &widget)
 {
-    return widget.isVisible() && !widget.window()->isMinimized(); // to Qt a minimized window is visible
+    // To Qt a minimized window is visible, and so are the sheets that go with it.
+    for (const QWidget *part = &widget; part; part = part->parentWidget())
+        if (part->isWindow() && part->isMinimized())
+            return false;
+    return widget.isVisible();
 }
 
 } // namespace kest

@@ -16,8 +16,8 @@ namespace kest {
 /// when it clicks. So it counts only when the window was there at both ends.
 void onSeenClick(QAbstractButton &button, QObject *context, std::function<void()> clicked);
 
-/// Whether a person may be looking at it: it is shown, and its window not
-/// minimized.
+/// Whether a person may be looking at it: it is shown, and neither its window
+/// nor one that this belongs to is minimized.
 bool canBeSeen(const QWidget &widget);
 
 } // namespace kest

@@ -103,6 +103,22 @@ private Q_SLOTS:
                  QStringLiteral("The microphone went away. The recording is kept."));
     }
 
+    void aTroubleIsToldWhileTheWindowIsMinimizedToo()
+    {
+        record();
+        QWidget *window = m_house->window().window();
+        window->showMinimized();
+        turnTo(mailApplicationIdentifier);
+        lose();
+        const QString told = notice();
+        QVERIFY2(told.startsWith(QStringLiteral("Kest’s recording has ended\n")), qPrintable(told));
+        turnTo(mailApplicationIdentifier);
+        QCOMPARE(notice(), told);
+        window->showNormal();
+        turnTo(m_house->workspace().ownIdentifier());
+        QVERIFY(notice().isEmpty());
+    }
+
     void aWarningIsToldOnceForEveryHiding()
     {
         const QString muted = QStringLiteral("Kest is still recording\nNo sound. Is “USB Mic” muted?\n");

@@ -113,6 +113,22 @@ private Q_SLOTS:
         QCOMPARE(m_target->pressed, 1);
     }
 
+    void aButtonOfASheetOfAMinimizedWindowDoesNothing()
+    {
+        auto *button = add<QPushButton>({{"action", QStringLiteral("press")}});
+        connectAll();
+        QWidget main;
+        m_root->setParent(&main, Qt::Sheet);
+        main.showMinimized();
+        m_root->show();
+        button->click();
+        QCOMPARE(m_target->pressed, 0);
+        main.showNormal();
+        button->click();
+        QCOMPARE(m_target->pressed, 1);
+        m_root->setParent(nullptr);
+    }
+
     // A press from outside lasts a while before it clicks.
     void aPressOnAHiddenWindowDoesNothingWhenItIsShownMeanwhile()
     {
