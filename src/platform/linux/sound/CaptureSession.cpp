@@ -74,7 +74,9 @@ void CaptureSession::stop()
     post([self = shared_from_this(), now] {
         if (self->m_state != State::Streaming)
             return self->end();
-        self->m_stopBy = now + stopPatience + std::min(self->m_stream->latency().value_or(0), longestDelay);
+        // The delay grows by as long as nothing has come: that is no delay of the microphone's.
+        const qint64 delay = self->m_stream->latency().value_or(0) - (now - self->m_waitingSince);
+        self->m_stopBy = now + stopPatience + std::clamp(delay, qint64(0), longestDelay);
         self->watch();
     });
 }
