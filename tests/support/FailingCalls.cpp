@@ -104,6 +104,12 @@ extern "C" ssize_t write(int file, const void *bytes, size_t count)
     return fails(FileCall::Append, file) ? -1 : real(file, bytes, count);
 }
 
+extern "C" ssize_t pread(int file, void *bytes, size_t count, off_t offset)
+{
+    static auto *const real = next<ssize_t(int, void *, size_t, off_t)>("pread");
+    return fails(FileCall::Read, file) ? -1 : real(file, bytes, count, offset);
+}
+
 extern "C" ssize_t pwrite(int file, const void *bytes, size_t count, off_t offset)
 {
     static auto *const real = next<ssize_t(int, const void *, size_t, off_t)>("pwrite");

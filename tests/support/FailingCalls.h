@@ -7,7 +7,7 @@
 namespace kest::test {
 
 /// System calls on files. `Append` is write(), `WriteAt` is pwrite(), `DataSync` is fdatasync(), `RenameToFree` is
-/// renameat2(), `RenameOrLinkToFree` linkat() too.
+/// renameat2(), `RenameOrLinkToFree` linkat() too. `Read` is read() and pread().
 enum class FileCall { Append, WriteAt, Sync, DataSync, Rename, RenameToFree, RenameOrLinkToFree, Remove, Read };
 
 /// Lets system calls of this process fail, as a broken disk does, for as long

@@ -1,5 +1,6 @@
 #include "MadeRecording.h"
 
+#include "platform/linux/sound/FreeName.h"
 #include "platform/linux/sound/RecordingFinisher.h"
 #include "support/FailingCalls.h"
 
@@ -29,6 +30,9 @@ private Q_SLOTS:
     void deletedFileIsSavedInItsRenamedFolder();
     void deletedFolderIsMadeAgain();
     void whereItsFolderCannotBeMadeAgainItIsSavedAtHome();
+    void whereItsDiskDoesNotTakeItItIsSavedAtHome();
+    void whereNoDiskTakesItThatIsToldAndTheCopyStays();
+    void nameThatIsFullMakesRoomForItsNumber();
     void whereNothingCanBeSavedThatIsTold();
     void whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt_data();
     void whatTheFileSystemKeepsOfADeletedFileIsNoPlaceForIt();
@@ -174,6 +178,35 @@ void RecordingFileTest::whereItsFolderCannotBeMadeAgainItIsSavedAtHome()
     QVERIFY(!finishRecording(*m_file, std::nullopt));
     QCOMPARE(contentOf(QStringLiteral("Recordings")), "another");
     verifyFinished(QStringLiteral("home/a.m4a"));
+}
+
+void RecordingFileTest::whereItsDiskDoesNotTakeItItIsSavedAtHome()
+{
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    const FailingCalls disk(FileCall::Sync, "Recordings/.kest", 1, ENOSPC);
+    QVERIFY(!finishRecording(*m_file, std::nullopt));
+    QVERIFY(disk.failures() > 0);
+    verifyFinished(QStringLiteral("home/a.m4a"));
+    QCOMPARE(listed(), QStringList());
+}
+
+void RecordingFileTest::whereNoDiskTakesItThatIsToldAndTheCopyStays()
+{
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    const FailingCalls disk(FileCall::Sync, ".finishing", 1, ENOSPC);
+    const auto failed = finishRecording(*m_file, std::nullopt);
+    QVERIFY(failed && failed->isDiskFull());
+    QVERIFY(contentOf(hiddenName()).endsWith(m_made.media));
+    QCOMPARE(listed(QStringLiteral("home")), QStringList());
+}
+
+void RecordingFileTest::nameThatIsFullMakesRoomForItsNumber()
+{
+    const QByteArray long255 = QByteArray("a") + QByteArray("ü").repeated(125) + ".m4a"; // bytes
+    const QByteArray second = numberedName(long255, 2);
+    QCOMPARE(second, QByteArray("a") + QByteArray("ü").repeated(124) + " 2.m4a");
+    QCOMPARE(numberedName(long255, 1), long255);
+    QCOMPARE(numberedName(QByteArray("x").repeated(255), 10), QByteArray("x").repeated(252) + " 10");
 }
 
 void RecordingFileTest::whereNothingCanBeSavedThatIsTold()

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void hiddenHalvesUnderEveryNameAreRemoved();
     void hiddenWholeCopyOfALostRecordingIsKept();
     void hiddenWholeCopyStaysBesideAnotherFileOfItsName();
+    void hiddenCopyThatCannotBeReadNowStays();
     void hiddenWholeCopyOfAFinishedRecordingIsRemoved();
     void whereAFolderCannotBeReadItIsTriedAgain();
     void whereThereIsTooMuchToLookThroughItIsTriedAgain();
@@ -149,6 +150,21 @@ void RecordingRecoveryTest::hiddenWholeCopyStaysBesideAnotherFileOfItsName()
     QCOMPARE(contentOf(QStringLiteral("Recordings/a.m4a")), "another");
     QCOMPARE(contentOf(QStringLiteral("Recordings/a 2.m4a")), finished());
     QCOMPARE(listed(QStringLiteral("Recordings")).size(), 2);
+}
+
+void RecordingRecoveryTest::hiddenCopyThatCannotBeReadNowStays()
+{
+    put(hidden(), finished());
+    QVERIFY(QFile::remove(path(QStringLiteral("Recordings/a.m4a"))));
+    {
+        const FailingCalls disk(FileCall::Read, ".finishing", 1, EIO);
+        recover();
+        QVERIFY(disk.failures() > 0);
+    }
+    QCOMPARE(remembered().size(), 1);
+    recover();
+    QCOMPARE(contentOf(QStringLiteral("Recordings/a.m4a")), finished());
+    QCOMPARE(remembered(), QStringList());
 }
 
 void RecordingRecoveryTest::hiddenWholeCopyOfAFinishedRecordingIsRemoved()

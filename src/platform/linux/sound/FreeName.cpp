@@ -2,7 +2,9 @@
 
 #include "platform/FileDescriptor.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -52,6 +54,15 @@ bool renameReplacingNothing(int fromFolder, const QByteArray &from, int folder, 
     return isUnknownThere(errno) && takeAndReplace(fromFolder, from, folder, name);
 }
 
+/// As many characters of UTF-8 as that many bytes hold.
+QByteArray wholeCharacters(const QByteArray &text, qsizetype bytes)
+{
+    qsizetype end = std::clamp(bytes, qsizetype(0), text.size());
+    while (end > 0 && end < text.size() && (uchar(text[end]) & 0xc0) == 0x80)
+        --end;
+    return text.left(end);
+}
+
 } // namespace
 
 QByteArray numberedName(const QByteArray &name, int number)
@@ -59,8 +70,9 @@ QByteArray numberedName(const QByteArray &name, int number)
     if (number == 1)
         return name;
     const qsizetype dot = name.lastIndexOf('.');
-    const QByteArray suffix = " " + QByteArray::number(number);
-    return dot > 0 ? name.left(dot) + suffix + name.mid(dot) : name + suffix;
+    const qsizetype end = dot > 0 ? dot : name.size();
+    const QByteArray tail = " " + QByteArray::number(number) + name.mid(end);
+    return wholeCharacters(name.left(end), NAME_MAX - tail.size()) + tail;
 }
 
 bool isTaken(int folder, const QByteArray &name)

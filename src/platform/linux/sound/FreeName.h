@@ -6,7 +6,8 @@ namespace kest {
 
 constexpr int mostNames = 1000; ///< As many numbers are tried.
 
-/// "a.m4a" is followed by "a 2.m4a"; number 1 is the name itself.
+/// "a.m4a" is followed by "a 2.m4a"; number 1 is the name itself. What is too
+/// long with its number is cut in front of it.
 QByteArray numberedName(const QByteArray &name, int number);
 
 /// Whether anything has that name in the open `folder`.

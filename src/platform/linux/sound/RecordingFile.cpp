@@ -28,6 +28,13 @@ void undoBorrowedUmask(int file)
         fchmod(file, wanted);
 }
 
+bool isSame(int one, int other)
+{
+    struct stat status = {}, otherStatus = {};
+    return fstat(one, &status) == 0 && fstat(other, &otherStatus) == 0 && status.st_ino == otherStatus.st_ino
+        && status.st_dev == otherStatus.st_dev;
+}
+
 FileDescriptor openFolder(const QByteArray &path)
 {
     return FileDescriptor(::open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -156,7 +163,7 @@ bool RecordingFile::locateFolder()
 bool RecordingFile::saveIn(const FolderURL &folder)
 {
     FileDescriptor opened = openFolder(folder.nativePath());
-    if (!opened.isOpen())
+    if (!opened.isOpen() || isSame(opened.get(), m_folder.get()))
         return false;
     m_folder = std::move(opened);
     m_url = folder.appendingNativePathComponent(m_name);
@@ -173,21 +180,28 @@ std::optional<RecordingReplacement> RecordingFile::createReplacement(FileFailure
 
 std::optional<FileFailure> RecordingFile::replace(const RecordingReplacement &replacement)
 {
-    auto failed = replacement.complete(m_file.get());
-    if (!locate()) // deleted, before or just now
-        return addBeside(replacement);
-    if (!failed && !replacement.renameOver(m_folder.get(), m_name))
-        failed = FileFailure::fromErrno(errno);
-    if (failed && isHere()) {
+    const auto incomplete = replacement.complete(m_file.get());
+    const bool isThere = locate(); // not when it was deleted, before or just now
+    if (incomplete && isThere)
         replacement.remove();
-        return failed;
-    }
-    // Over SMB, Linux may have let go of the old file before it found that the new one cannot take its place.
-    if (failed)
+    if (incomplete)
+        return incomplete;
+    if (!isThere)
         return addBeside(replacement);
+    if (!replacement.renameOver(m_folder.get(), m_name))
+        return notReplaced(replacement, FileFailure::fromErrno(errno));
     // A file system that cannot do this has its own order of things; the file itself is safe.
     fsync(m_folder.get());
     return std::nullopt;
+}
+
+std::optional<FileFailure> RecordingFile::notReplaced(const RecordingReplacement &replacement, const FileFailure &failure)
+{
+    // Over SMB, Linux may have let go of the old file before it found that the new one cannot take its place.
+    if (!isHere())
+        return addBeside(replacement);
+    replacement.remove();
+    return failure;
 }
 
 std::optional<FileFailure> RecordingFile::addBeside(const RecordingReplacement &replacement)

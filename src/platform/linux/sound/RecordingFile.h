@@ -50,7 +50,7 @@ public:
     bool locate();
 
     /// For a file that was deleted: that folder is the one that it was in.
-    /// False, with errno set, when it cannot be opened.
+    /// False when it was, or when it cannot be opened; then with errno set.
     bool saveIn(const FolderURL &folder);
 
     /// An empty one beside this file. Where the folder is gone too, it is made
@@ -79,6 +79,7 @@ private:
     bool isHere() const;
     bool isAt(const FileURL &file) const;
     bool locateFolder();
+    std::optional<FileFailure> notReplaced(const RecordingReplacement &replacement, const FileFailure &failure);
     std::optional<FileFailure> addBeside(const RecordingReplacement &replacement);
 
     FileURL m_url;

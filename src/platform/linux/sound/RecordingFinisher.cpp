@@ -58,21 +58,33 @@ std::optional<FileFailure> finishBeside(RecordingFile &file, std::optional<qint6
     return file.replace(**copy);
 }
 
+/// Where its folder has no room. What is hidden there goes only once there is a better copy.
+std::optional<FileFailure> finishAtHome(RecordingFile &file, std::optional<qint64> sampleCount,
+                                        const std::optional<RecordingReplacement> &hidden, const FileFailure &failure)
+{
+    if (!file.saveIn(FileURL::fromPath(QDir::homePath())))
+        return failure;
+    std::optional<RecordingReplacement> copy;
+    const auto failed = finishBeside(file, sampleCount, &copy);
+    const bool isHidden = hidden && hidden->isHidden();
+    if (isHidden && !failed)
+        hidden->remove();
+    if (isHidden && failed && copy)
+        copy->remove();
+    return failed;
+}
+
 } // namespace
 
 std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qint64> sampleCount)
 {
     std::optional<RecordingReplacement> copy;
     auto failed = finishBeside(file, sampleCount, &copy);
-    // Of a deleted one nothing is left for the next start. Its folder may have gone with the copy in it; then that has no room.
-    for (const bool atHome : {false, true}) {
-        if (!failed || file.locate() || (copy && copy->isHidden()))
-            return failed;
-        if (atHome && !file.saveIn(FileURL::fromPath(QDir::homePath())))
-            return failed;
+    // Of a deleted one nothing is left for the next start.
+    const auto isLost = [&] { return failed && !file.locate(); };
+    if (isLost() && !(copy && copy->isHidden())) // its folder may have gone with the copy in it
         failed = finishBeside(file, sampleCount, &copy);
-    }
-    return failed;
+    return isLost() ? finishAtHome(file, sampleCount, copy, *failed) : failed;
 }
 
 std::optional<bool> isFragmented(int file)
@@ -81,12 +93,13 @@ std::optional<bool> isFragmented(int file)
     return boxes.areReadable ? std::optional(boxes.holdFragment) : std::nullopt;
 }
 
-bool isWholeAndFinished(int file)
+std::optional<bool> isWholeAndFinished(int file)
 {
     const FirstBoxes boxes = firstBoxes(file);
     struct stat status = {};
-    return boxes.areReadable && boxes.holdMedia && !boxes.holdFragment && fstat(file, &status) == 0
-        && quint64(status.st_size) == boxes.length;
+    if (!boxes.areReadable || fstat(file, &status) < 0)
+        return std::nullopt;
+    return boxes.holdMedia && !boxes.holdFragment && quint64(status.st_size) == boxes.length;
 }
 
 bool mayHoldSound(int file)

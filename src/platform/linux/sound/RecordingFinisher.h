@@ -20,8 +20,8 @@ std::optional<FileFailure> finishRecording(RecordingFile &file, std::optional<qi
 std::optional<bool> isFragmented(int file);
 
 /// True when the file behind `file` is an ordinary one with sound, and nothing of
-/// it is missing at the end. False when it cannot be told.
-bool isWholeAndFinished(int file);
+/// it is missing at the end. Null when it cannot be read.
+std::optional<bool> isWholeAndFinished(int file);
 
 /// False when the file behind `file` is empty or holds a header and nothing
 /// else: then nothing was recorded into it. True when it cannot be told.

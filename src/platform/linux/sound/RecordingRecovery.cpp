@@ -35,13 +35,19 @@ bool isEmpty(const RecordingFile &file)
 struct Looking {
     int budget = mostEntriesLookedAt;
     bool sawAll = true; ///< False once something could not be looked at.
+    bool closedCounts = true; ///< Whether a folder that is closed to us could have been one to look at.
 };
+
+bool isClosedToUs(int error)
+{
+    return error == EACCES || error == EPERM || error == ENOTCONN; // the last of a FUSE file system whose server is gone
+}
 
 /// Null when there is none or it cannot be read.
 DIR *openListing(const FolderURL &folder, Looking *looking)
 {
     DIR *listing = opendir(folder.nativePath().constData());
-    if (!listing && errno != ENOENT && errno != ENOTDIR)
+    if (!listing && errno != ENOENT && errno != ENOTDIR && (looking->closedCounts || !isClosedToUs(errno)))
         looking->sawAll = false;
     return listing;
 }
@@ -85,6 +91,50 @@ bool isOurs(const RecordingFile &file, const RecordingJournal::Entry &entry)
     return isEmpty(file) || (file.inode() == entry.inode() && file.birthTime() == entry.birthTime());
 }
 
+/// What has been found of an entry's recording.
+struct Search {
+    std::optional<RecordingFile> file;
+    bool certain = true; ///< False: something that may be the file could not be looked at.
+};
+
+bool lookIn(const QList<FolderURL> &places, const RecordingJournal::Entry &entry, Looking *looking, Search *search)
+{
+    for (const FolderURL &place : places) {
+        const FileURL found = fileWithInode(place, entry.inode(), looking);
+        if (found.isEmpty() || found.pathExtension() != entry.file().pathExtension())
+            continue;
+        FileFailure failure;
+        auto file = RecordingFile::open(found, &failure);
+        // Unreadable, it may be the one: then finishing is tried later.
+        if (file && file->birthTime() == entry.birthTime() && isFragmented(file->descriptor()) != false) {
+            search->file = std::move(file);
+            return true;
+        }
+        search->certain = search->certain && (file || failure.errorNumber == ENOENT);
+    }
+    return false;
+}
+
+Search find(const RecordingJournal::Entry &entry, const QList<FolderURL> &recordingFolders)
+{
+    FileFailure failure;
+    // Under its old name it is taken whatever its inode: it may have come back from a backup.
+    if (auto file = RecordingFile::open(entry.file(), &failure))
+        return {std::move(file)};
+    Search search = {std::nullopt, failure.errorNumber == ENOENT};
+    if (entry.birthTime() == 0)
+        return search; // an inode alone may be anybody's by now
+    Looking looking;
+    const FolderURL folder = entry.file().deletingLastPathComponent();
+    // Renamed in its folder; in the folder of today's recordings; or with its folder, which got another name.
+    if (lookIn(QList<FolderURL>{folder} + recordingFolders, entry, &looking, &search))
+        return search;
+    looking.closedCounts = false; // a lost+found is no folder of recordings
+    lookIn(foldersIn(folder.deletingLastPathComponent(), &looking), entry, &looking, &search);
+    search.certain = search.certain && (search.file || looking.sawAll);
+    return search;
+}
+
 /// An empty file that was made after the announcement is the announced one;
 /// anything else is not known to be, and stays.
 void removeIfNothingCameOf(const RecordingJournal::Entry &entry)
@@ -96,7 +146,8 @@ void removeIfNothingCameOf(const RecordingJournal::Entry &entry)
 }
 
 /// What was hidden beside the recording when the program was killed. A whole copy of one that is nowhere else may be all that
-/// is left of it: the file system lost the rest, or it was saved from a deleted file. False when such a one stays hidden.
+/// is left of it: the file system lost the rest, or it was saved from a deleted file. False when such a one stays hidden, or
+/// one of which that cannot be told now.
 bool clearHidden(const RecordingJournal::Entry &entry, bool keepWhole)
 {
     const QByteArray path = entry.file().deletingLastPathComponent().nativePath();
@@ -105,9 +156,10 @@ bool clearHidden(const RecordingJournal::Entry &entry, bool keepWhole)
         return true;
     bool cleared = true;
     for (const RecordingReplacement &left : RecordingReplacement::leftIn(folder.get(), entry.inode())) {
-        if (!keepWhole || !isWholeAndFinished(left.descriptor()))
+        const auto isWhole = isWholeAndFinished(left.descriptor());
+        if (!keepWhole || isWhole == false)
             left.remove();
-        else if (left.renameToFree(folder.get(), entry.file().nativeLastPathComponent()).isEmpty())
+        else if (!isWhole || left.renameToFree(folder.get(), entry.file().nativeLastPathComponent()).isEmpty())
             cleared = false;
     }
     return cleared;
@@ -123,7 +175,7 @@ void RecordingRecovery::finish(std::vector<std::unique_ptr<RecordingJournal::Ent
         const Outcome outcome = finishOne(*entry);
         if (outcome == Outcome::TryAgainLater)
             continue;
-        if (clearHidden(*entry, outcome == Outcome::NothingToFinish))
+        if (clearHidden(*entry, outcome == Outcome::NothingToFinish) || entry->ageInDays() > mostDaysAway)
             entry->done();
     }
 }
@@ -134,7 +186,7 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
         removeIfNothingCameOf(entry);
         return Outcome::NothingToFinish;
     }
-    auto [file, certain] = find(entry);
+    auto [file, certain] = find(entry, m_folders);
     if (!file) {
         // With its folder there, the recording was deleted; without, its disk may only be away, for a while.
         const bool deleted = certain && exists(entry.file().deletingLastPathComponent());
@@ -153,32 +205,6 @@ RecordingRecovery::Outcome RecordingRecovery::finishOne(const RecordingJournal::
         return Outcome::Finished;
     qCWarning(logRecovery, "A recording stays unfinished: %ls", qUtf16Printable(failure->detail));
     return Outcome::TryAgainLater;
-}
-
-RecordingRecovery::Search RecordingRecovery::find(const RecordingJournal::Entry &entry) const
-{
-    FileFailure failure;
-    // Under its old name it is taken whatever its inode: it may have come back from a backup.
-    if (auto file = RecordingFile::open(entry.file(), &failure))
-        return {std::move(file)};
-    bool certain = failure.errorNumber == ENOENT;
-    if (entry.birthTime() == 0)
-        return {std::nullopt, certain}; // an inode alone may be anybody's by now
-    Looking looking;
-    const FolderURL folder = entry.file().deletingLastPathComponent();
-    // Renamed in its folder; in the folder of today's recordings; or with its folder, which got another name.
-    const QList<FolderURL> besides = foldersIn(folder.deletingLastPathComponent(), &looking);
-    for (const FolderURL &place : QList<FolderURL>{folder} + m_folders + besides) {
-        const FileURL found = fileWithInode(place, entry.inode(), &looking);
-        if (found.isEmpty() || found.pathExtension() != entry.file().pathExtension())
-            continue;
-        auto file = RecordingFile::open(found, &failure);
-        // Unreadable, it may be the one: then finishing is tried later.
-        if (file && file->birthTime() == entry.birthTime() && isFragmented(file->descriptor()) != false)
-            return {std::move(file)};
-        certain = certain && (file || failure.errorNumber == ENOENT);
-    }
-    return {std::nullopt, certain && looking.sawAll};
 }
 
 } // namespace kest

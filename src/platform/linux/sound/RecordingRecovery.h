@@ -29,13 +29,7 @@ private:
         TryAgainLater
     };
 
-    struct Search {
-        std::optional<RecordingFile> file;
-        bool certain = true; ///< False: something that may be the file could not be looked at.
-    };
-
     Outcome finishOne(const RecordingJournal::Entry &entry);
-    Search find(const RecordingJournal::Entry &entry) const;
 
     const QList<FolderURL> m_folders;
 };
