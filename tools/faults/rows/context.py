@@ -25,6 +25,7 @@ class Context:
     def __enter__(self):
         self.sandbox = Sandbox(keep=self.keep)
         self.sound = None
+        self.bus = None
         return self
 
     def __exit__(self, *_exc):
@@ -44,12 +45,16 @@ class Context:
 
     def start_sound(self, kind):
         """A sound server whose microphone hears noise, so that there is something to encode."""
-        if kind == "pipewire" and "DBUS_SESSION_BUS_ADDRESS" not in self.sandbox.env:
-            from services.bus import SessionBus
-            SessionBus(self.sandbox)
+        if kind == "pipewire":
+            self.start_bus()
         self.sound = SoundServer(self.sandbox, kind)
         self.sound.microphone.hum(random.Random(1).randbytes(2 * 44100 * BABBLE))
         return self.sound
+
+    def start_bus(self):
+        """A session bus, if there is none yet."""
+        from services.bus import SessionBus
+        self.bus = self.bus or SessionBus(self.sandbox)
 
     def stop_sound(self):
         """Another server may be started afterwards."""
@@ -58,10 +63,10 @@ class Context:
 
     def start_desktop(self):
         """A display, the accessibility bus and a person who works the windows."""
-        from services.bus import AccessibilityBus, SessionBus
+        from services.bus import AccessibilityBus
         from services.display import Display
         from services.operator import Operator
-        SessionBus(self.sandbox)
+        self.start_bus()
         Display(self.sandbox)
         AccessibilityBus(self.sandbox)
         self.person = Operator(self.sandbox)
