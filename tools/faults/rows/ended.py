@@ -234,6 +234,9 @@ def several(context, numbers):
 
 
 def run(context, runs):
+    for number in (signal.SIGHUP, signal.SIGINT):  # ignored by all that nohup or a shell's & starts, Kest too
+        if signal.getsignal(number) == signal.SIG_IGN:
+            signal.signal(number, signal.SIG_DFL)
     whole, worst = Seen(), 0.0
     workers = min(context.workers, 2)
     with concurrent.futures.ThreadPoolExecutor(workers) as pool:
