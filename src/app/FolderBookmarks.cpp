@@ -27,7 +27,7 @@ FolderBookmarks::FolderBookmarks(UserDefaults &defaults, BookmarkStore &store) :
 {
 }
 
-std::optional<FolderURL> FolderBookmarks::recordingsDirectoryURLWithError(Error *error)
+const FolderBookmarks::Folder &FolderBookmarks::recordings()
 {
     static const Folder folder {
         SettingsKeys::dAudioRecordingFolder,
@@ -38,7 +38,23 @@ std::optional<FolderURL> FolderBookmarks::recordingsDirectoryURLWithError(Error 
                           "Stored recordings folder could not be retrieved. You need to choose it again."),
         QT_TRANSLATE_NOOP("kest", "Stored recordings folder could not be retrieved"),
     };
-    return lookUp(folder, error);
+    return folder;
+}
+
+std::optional<FolderURL> FolderBookmarks::recordingsDirectoryURLWithError(Error *error)
+{
+    return lookUp(recordings(), error);
+}
+
+std::unique_ptr<HeldFolder> FolderBookmarks::heldRecordingsDirectory(Error *error)
+{
+    // As it was before the look-up, which may store another one.
+    const QByteArray known = m_defaults.objectForKey(recordings().key).toByteArray();
+    const auto url = lookUp(recordings(), error);
+    auto held = url ? m_store.hold(*url, known) : nullptr;
+    if (url && !held)
+        handBack(error, notRetrieved(recordings()));
+    return held;
 }
 
 std::optional<FolderURL> FolderBookmarks::attachmentsDirectoryURLWithError(Error *error)
@@ -55,6 +71,12 @@ std::optional<FolderURL> FolderBookmarks::attachmentsDirectoryURLWithError(Error
     return lookUp(folder, error);
 }
 
+Error FolderBookmarks::notRetrieved(const Folder &folder)
+{
+    return { kestErrorDomain, BookmarkNotResolved, localizedString(QString::fromUtf8(folder.notRetrieved)),
+             localizedString(QString::fromUtf8(folder.notRetrievedReason)) };
+}
+
 std::optional<FolderURL> FolderBookmarks::lookUp(const Folder &folder, Error *error)
 {
     const QVariant data = m_defaults.objectForKey(folder.key);
@@ -65,8 +87,7 @@ std::optional<FolderURL> FolderBookmarks::lookUp(const Folder &folder, Error *er
     }
     const auto resolved = m_store.resolveBookmarkData(data.toByteArray(), error);
     if (!resolved) {
-        handBack(error, { kestErrorDomain, BookmarkNotResolved, localizedString(QString::fromUtf8(folder.notRetrieved)),
-                          localizedString(QString::fromUtf8(folder.notRetrievedReason)) });
+        handBack(error, notRetrieved(folder));
         return {};
     }
     if (resolved->isStale)

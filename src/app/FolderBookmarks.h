@@ -3,11 +3,13 @@
 #include "platform/Error.h"
 #include "platform/FileURL.h"
 
+#include <memory>
 #include <optional>
 
 namespace kest {
 
 class BookmarkStore;
+class HeldFolder;
 class UserDefaults;
 
 /// Finds the two folders by the bookmarks in the settings.
@@ -34,12 +36,19 @@ public:
     /// startAccessing… and stopAccessingSecurityScopedResource.
     std::optional<FolderURL> recordingsDirectoryURLWithError(Error *error);
 
-    /// As above, for the folder of prepared messages.
+    /// The recordings folder as above, held. Nothing, too, when what is found is
+    /// not the folder that was known until now but one that took its place; the
+    /// next look-up knows that one.
+    std::unique_ptr<HeldFolder> heldRecordingsDirectory(Error *error);
+
+    /// As recordingsDirectoryURLWithError, for the folder of prepared messages.
     std::optional<FolderURL> attachmentsDirectoryURLWithError(Error *error);
 
 private:
     struct Folder; // one folder's key and texts
 
+    static const Folder &recordings();
+    static Error notRetrieved(const Folder &folder);
     std::optional<FolderURL> lookUp(const Folder &folder, Error *error);
     void storeAgain(const QString &key, const FolderURL &url, Error *error);
 

@@ -3,6 +3,7 @@
 #include "app/FolderBookmarks.h"
 #include "app/SettingsTable.h"
 #include "app/UserDefaults.h"
+#include "platform/HeldFolder.h"
 #include "platform/Trash.h"
 
 #include <QLoggingCategory>
@@ -44,19 +45,20 @@ OldRecordings::OldRecordings(FolderBookmarks &folders, const UserDefaults &defau
 void OldRecordings::deleteOldFilesChoice(qint64 choice, FileTime now)
 {
     Error error;
-    const auto folder = m_folders.recordingsDirectoryURLWithError(&error);
+    // Held: what is listed in it is not to be removed from another folder that takes its place meanwhile.
+    const auto folder = m_folders.heldRecordingsDirectory(&error);
     if (!folder) {
         qCWarning(lcOldRecordings, "Could not delete old recordings: %s", qUtf8Printable(logText(error)));
         return;
     }
     const FileTime cutOff = cutOffForOldRecordings(choice, now);
     const bool trashNotDelete = m_defaults.boolForKey(SettingsKeys::bTrashNotDelete);
-    folder->startAccessingSecurityScopedResource();
-    for (const FolderEntry &entry : m_contents.contentsOfDirectory(*folder, nullptr)) {
+    folder->url().startAccessingSecurityScopedResource();
+    for (const FolderEntry &entry : m_contents.contentsOfDirectory(folder->url(), nullptr)) {
         if (isOldRecording(entry, cutOff))
-            remove(folder->appendingNativePathComponent(entry.nativeName), trashNotDelete);
+            remove(folder->url().appendingNativePathComponent(entry.nativeName), trashNotDelete);
     }
-    folder->stopAccessingSecurityScopedResource();
+    folder->url().stopAccessingSecurityScopedResource();
 }
 
 // No error slot: what cannot be removed stays, silently by design.

@@ -2,9 +2,11 @@
 
 #include "platform/Error.h"
 #include "platform/FileURL.h"
+#include "platform/HeldFolder.h"
 
 #include <QByteArray>
 
+#include <memory>
 #include <optional>
 
 namespace kest {
@@ -26,6 +28,10 @@ public:
 
     /// The folder's present location, or nothing when it cannot be found.
     virtual std::optional<Resolved> resolveBookmarkData(const QByteArray &data, Error *error) = 0;
+
+    /// The folder at `folder`, when it is the one that `data` was made of; else
+    /// null. What is done to the path afterwards does not matter.
+    virtual std::unique_ptr<HeldFolder> hold(const FolderURL &folder, const QByteArray &data) = 0;
 };
 
 } // namespace kest

@@ -1,6 +1,6 @@
 // Clears folders of old recordings as the program does when it ends. One order a line on standard input, tab-separated and
 // percent-encoded: the folder, the settings `iWhenToDelete` and `bTrashNotDelete` (0 or 1), how many days later than now it is.
-// Says "done" after each. The trash is under XDG_DATA_HOME.
+// Says "chosen", clears the folder after one more line and says "done". The trash is under XDG_DATA_HOME.
 
 #include "app/FolderBookmarks.h"
 #include "app/OldRecordings.h"
@@ -20,7 +20,13 @@ using namespace kest;
 
 namespace {
 
-void clean(const FolderURL &folder, qint64 choice, bool trashNotDelete, int daysLater)
+void say(const char *word)
+{
+    std::printf("%s\n", word);
+    std::fflush(stdout);
+}
+
+void clean(QFile &in, const FolderURL &folder, qint64 choice, bool trashNotDelete, int daysLater)
 {
     const QTemporaryDir settings;
     UserDefaults defaults(settings.filePath(QStringLiteral("settings.ini")));
@@ -33,8 +39,8 @@ void clean(const FolderURL &folder, qint64 choice, bool trashNotDelete, int days
     FolderBookmarks folders(defaults, bookmarks);
     PosixFolderContents contents;
     FreedesktopTrash trash;
-    std::printf("begin\n");
-    std::fflush(stdout);
+    say("chosen");
+    in.readLine();
     OldRecordings(folders, defaults, contents, trash)
         .deleteOldFilesChoice(choice, FileTime(std::chrono::system_clock::now()) + std::chrono::hours(24) * daysLater);
 }
@@ -49,10 +55,9 @@ int main(int argc, char **argv)
         return 1;
     for (QByteArray line = in.readLine(); !line.isEmpty(); line = in.readLine()) {
         const QByteArrayList words = line.trimmed().split('\t');
-        clean(FileURL::fromNativePath(QByteArray::fromPercentEncoding(words.value(0))), words.value(1).toLongLong(),
+        clean(in, FileURL::fromNativePath(QByteArray::fromPercentEncoding(words.value(0))), words.value(1).toLongLong(),
               words.value(2) == "1", words.value(3).toInt());
-        std::printf("done\n");
-        std::fflush(stdout);
+        say("done");
     }
     return 0;
 }

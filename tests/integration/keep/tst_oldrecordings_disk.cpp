@@ -29,6 +29,10 @@ public:
     {
         return Resolved {FolderURL::fromNativePath(data)};
     }
+    std::unique_ptr<HeldFolder> hold(const FolderURL &folder, const QByteArray &) override
+    {
+        return std::make_unique<HeldFolder>(folder);
+    }
 };
 
 } // namespace

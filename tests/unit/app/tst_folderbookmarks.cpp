@@ -32,9 +32,16 @@ public:
         return resolved;
     }
 
+    std::unique_ptr<HeldFolder> hold(const FolderURL &folder, const QByteArray &data) override
+    {
+        heldBy = data;
+        return holds ? std::make_unique<HeldFolder>(folder) : nullptr;
+    }
+
     bool makes = true;
     int made = 0;
-    QByteArray seen;
+    bool holds = true;
+    QByteArray seen, heldBy;
     std::optional<Resolved> resolved;
 };
 
@@ -170,6 +177,33 @@ private Q_SLOTS:
             QCOMPARE(m_store.made, time);
             QCOMPARE(m_store.seen, QByteArray("R"));
         }
+    }
+
+    void theHeldFolderIsTheOneThatWasKnownBeforeTheLookUp()
+    {
+        m_defaults->registerDefaults(defaultsToRegister("R", "A"));
+        m_store.resolved = { m_place, true };
+        Error error;
+        const auto held = m_folders->heldRecordingsDirectory(&error);
+        QVERIFY(held);
+        QCOMPARE(held->url(), m_place);
+        QCOMPARE(m_store.heldBy, QByteArray("R"));
+        QCOMPARE(m_defaults->objectForKey(SettingsKeys::dAudioRecordingFolder).toByteArray(),
+                 QByteArray("made of /somewhere/Kest"));
+        QCOMPARE(error, Error());
+    }
+
+    void aFolderThatTookThePlaceOfTheKnownOneIsNotHeld()
+    {
+        m_defaults->registerDefaults(defaultsToRegister("R", "A"));
+        m_store.resolved = { m_place, true };
+        m_store.holds = false;
+        Error error;
+        QVERIFY(!m_folders->heldRecordingsDirectory(&error));
+        QCOMPARE(error.code, int(FolderBookmarks::BookmarkNotResolved));
+        m_store.holds = true;
+        QVERIFY(m_folders->heldRecordingsDirectory(&error));
+        QCOMPARE(m_store.heldBy, QByteArray("made of /somewhere/Kest"));
     }
 };
 

@@ -26,6 +26,10 @@ public:
     {
         return found ? std::optional(Resolved {FolderURL::fromNativePath("/r")}) : std::nullopt;
     }
+    std::unique_ptr<HeldFolder> hold(const FolderURL &folder, const QByteArray &) override
+    {
+        return std::make_unique<HeldFolder>(folder);
+    }
 
     bool found = true;
 };

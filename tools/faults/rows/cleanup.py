@@ -84,7 +84,7 @@ class Tree:
         os.rename(short, path)
 
     def swaps(self):
-        """Pairs to be exchanged while it is cleared: something in it, and a link that leads outside."""
+        """Pairs to be exchanged while it is cleared: something in it and a link that leads outside."""
         inside = [path for path in self.made if b"\xff" not in path]
         sampled = self.chance.sample(inside, min(len(inside), self.chance.randint(1, 3)))
         # None below another: through that one's link the exchange itself would reach outside.
@@ -95,6 +95,15 @@ class Tree:
             os.symlink(self.chance.choice([self.outside, self.outside + b"/deep", self.outside + b"/deep/one", self.some_outside()]), link)
             pairs.append((path, link))
         return pairs
+
+    def swap_of_folder(self):
+        """The folder itself and a link to one that has files of the same names."""
+        link, other = self.staging + b"/folder", self.outside + b"/like it"
+        os.mkdir(other)
+        for name in os.listdir(self.recordings):
+            self.write(other + b"/" + name)
+        os.symlink(other, link)
+        return [(self.recordings, link)]
 
     def state_of_outside(self):
         """Everything about what is outside but how many names its files have and when that changed."""
@@ -136,12 +145,19 @@ class Cleaner:
                                              stdout=subprocess.PIPE,
                                              env={"XDG_DATA_HOME": str(context.folder("data"))})
 
-    def clean(self, folder, choice, trash, days):
+    def choose(self, folder, choice, trash, days):
+        """The person has chosen this folder and these settings; by now it is that many days later."""
         self.process.stdin.write(quote_from_bytes(folder, safe="/").encode() + f"\t{choice}\t{int(trash)}\t{days}\n".encode())
+        self.wait_for(b"chosen\n")
+
+    def clean(self):
+        self.process.stdin.write(b"clean\n")
+        self.wait_for(b"done\n")
+
+    def wait_for(self, expected):
         self.process.stdin.flush()
-        for expected in (b"begin\n", b"done\n"):
-            if (said := self.process.stdout.readline()) != expected:
-                raise RuntimeError(f"the cleaner said {said!r}")
+        if (said := self.process.stdout.readline()) != expected:
+            raise RuntimeError(f"the cleaner said {said!r}")
 
 
 def one(context, cleaner, number):
@@ -151,10 +167,12 @@ def one(context, cleaner, number):
     base = context.folder("tree")
     tree = Tree(base, chance)
     choice, days = chance.choice([(4, 0), (-1, 0), (1, 2), (2, 8), (3, 31)])
+    swaps = chance.choice([list, list, tree.swaps, tree.swap_of_folder])()
     before = tree.state_of_outside()
-    swapper = Swapper(tree.swaps()) if chance.random() < 0.5 else None
+    cleaner.choose(tree.recordings, choice, chance.random() < 0.5, days)
+    swapper = Swapper(swaps) if swaps else None
     try:
-        cleaner.clean(tree.recordings, choice, chance.random() < 0.5, days)
+        cleaner.clean()
     finally:
         if swapper:
             swapper.end()
@@ -195,5 +213,5 @@ def run(context, runs):
     return whole
 
 
-ROWS = [Row("clean-up", "clean-up over generated trees: links, fifos, sockets, hard links, folders; in half of the runs exchanged "
-            "with links to the outside while it runs", "nothing outside the folder touched", 150, 10000, run)]
+ROWS = [Row("clean-up", "clean-up over generated trees: links, fifos, sockets, hard links, folders; in half of the runs what is in it, "
+            "or the folder itself, exchanged with links to the outside while it runs", "nothing outside the folder touched", 150, 10000, run)]

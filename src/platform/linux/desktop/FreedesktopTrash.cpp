@@ -110,9 +110,11 @@ QByteArray FreedesktopTrash::trash(const QByteArray &path)
     struct stat status {};
     if (::lstat(path.constData(), &status) != 0)
         return {};
-    Item item {withoutLinks(parentOf(path)), path.mid(path.lastIndexOf('/') + 1), {}};
-    item.folderFd = FileDescriptor(::open(item.folder.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    if (!item.folderFd.isOpen())
+    Item item {{}, path.mid(path.lastIndexOf('/') + 1), {}};
+    // First the folder, then its path: another one may take its place there at any moment.
+    item.folderFd = FileDescriptor(::open(parentOf(path).constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    item.folder = item.folderFd.isOpen() ? withoutLinks("/proc/self/fd/" + QByteArray::number(item.folderFd.get())) : QByteArray();
+    if (item.folder.isEmpty())
         return {};
     const QByteArray place = putInHomeTrash(item);
     return place.isEmpty() ? item.putAtTop() : place;

@@ -1,9 +1,11 @@
 #include "platform/linux/desktop/LinuxBookmarkStore.h"
 
+#include "platform/FileDescriptor.h"
 #include "platform/linux/desktop/FolderBookmark.h"
 
 #include <cerrno>
 #include <cstdlib>
+#include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -77,6 +79,31 @@ Outcome<BookmarkStore::Resolved> resolve(const FolderBookmark &bookmark, const Q
     return { BookmarkStore::Resolved { old, true } };
 }
 
+/// Reached by way of its descriptor.
+class OpenFolder : public HeldFolder
+{
+public:
+    explicit OpenFolder(FileDescriptor folder) : HeldFolder(FolderURL::fromNativePath(pathOf(folder))), m_folder(std::move(folder))
+    {
+    }
+
+    static QByteArray pathOf(const FileDescriptor &folder) { return "/proc/self/fd/" + QByteArray::number(folder.get()); }
+
+private:
+    const FileDescriptor m_folder;
+};
+
+Outcome<std::shared_ptr<FileDescriptor>> openSame(const QByteArray &path, const FolderIdentity &identity)
+{
+    auto folder = std::make_shared<FileDescriptor>(::open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const auto opened = folder->isOpen() ? FolderIdentity::ofFolder(OpenFolder::pathOf(*folder)) : std::nullopt;
+    if (!opened)
+        return { {}, errno };
+    if (!opened->isSameFolder(identity))
+        return { {}, ENOENT };
+    return { std::move(folder) };
+}
+
 } // namespace
 
 LinuxBookmarkStore::LinuxBookmarkStore(SearchBounds bounds) : m_bounds(bounds), m_lookUps(longestWait)
@@ -105,6 +132,16 @@ std::optional<BookmarkStore::Resolved> LinuxBookmarkStore::resolveBookmarkData(c
     if (!outcome.value)
         handBack(error, posixError(outcome.errorNumber, FolderURL::fromNativePath(bookmark->path).displayPath()));
     return outcome.value;
+}
+
+std::unique_ptr<HeldFolder> LinuxBookmarkStore::hold(const FolderURL &folder, const QByteArray &data)
+{
+    const auto bookmark = FolderBookmark::fromBytes(data);
+    if (!bookmark)
+        return nullptr;
+    const QByteArray path = folder.nativePath();
+    const auto outcome = m_lookUps.run(path, [path, identity = bookmark->identity] { return openSame(path, identity); });
+    return outcome.value ? std::make_unique<OpenFolder>(std::move(**outcome.value)) : nullptr;
 }
 
 } // namespace kest

@@ -26,6 +26,7 @@ public:
 
     std::optional<QByteArray> bookmarkData(const FolderURL &folder, Error *error) override;
     std::optional<Resolved> resolveBookmarkData(const QByteArray &data, Error *error) override;
+    std::unique_ptr<HeldFolder> hold(const FolderURL &folder, const QByteArray &data) override;
 
 private:
     SearchBounds m_bounds;
