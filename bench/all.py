@@ -4,6 +4,7 @@
     bench/all.py [NAME...] [-- ARGUMENTS]
 
 All of them take an hour and a quarter; with names ("start"), only those are renewed, with other arguments than usual if told.
+What they need is installed and built first.
 
 Each is a program of its own in this folder and says there what it measures and how. Nothing else should run meanwhile.
 """
@@ -64,6 +65,11 @@ def old_parts():
     return dict(zip(pieces[1::2], (text.strip() + "\n" for text in pieces[2::2])))
 
 
+def prepare():
+    script = '. "$top/tools/packages.sh"; need_packages build run test bench; build release'
+    subprocess.run(["bash", "-euo", "pipefail", "-c", script], env={**os.environ, "top": str(top)}, check=True)
+
+
 def main():
     words = sys.argv[1:]
     end = words.index("--") if "--" in words else len(words)
@@ -71,6 +77,7 @@ def main():
     unknown = [name for name in names if name not in PARTS]
     if unknown:
         sys.exit(f"{unknown[0]}: there are {', '.join(PARTS)}\n{__doc__}")
+    prepare()
     parts = old_parts()
     for name, heading in PARTS.items():
         if name in names:
