@@ -9,8 +9,9 @@
 //     block MILLISECONDS  ->  unblocked            the main thread does nothing else for so long
 //     end
 //
-// `trouble NUMBER DETAIL` comes by itself. The file named by the first argument holds, as 64 bits, how many samples the
-// running recording has captured: no more than a millisecond old, also for whoever kills this program.
+// `trouble NUMBER DETAIL` comes by itself. The file named by the first argument holds two numbers of 64 bits, as this program
+// saw them when it last ran, a millisecond ago unless the machine is busy: how many samples the running recording has
+// captured, and how many were spoken, whether captured or still on their way.
 
 #include "platform/linux/desktop/PosixFolderContents.h"
 #include "platform/linux/sound/PulseSound.h"
@@ -27,7 +28,9 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
+#include <limits>
 #include <mutex>
 #include <thread>
 
@@ -38,24 +41,32 @@ namespace {
 constexpr AudioRecorderSettings settings = {0x61616320, 64, 1, 44100.0F};
 constexpr int plenty = 30'000; // milliseconds
 
-void say(const QByteArray &what)
+qint64 nanoseconds()
 {
     timespec now = {};
     clock_gettime(CLOCK_MONOTONIC, &now);
-    std::printf("%lld %s\n", now.tv_sec * 1'000'000'000LL + now.tv_nsec, what.constData());
+    return now.tv_sec * 1'000'000'000LL + now.tv_nsec;
+}
+
+void say(const QByteArray &what)
+{
+    std::printf("%lld %s\n", nanoseconds(), what.constData());
     std::fflush(stdout);
 }
 
-/// Keeps the number of captured samples in a file that outlives the process.
+/// Keeps the numbers of captured and of spoken samples in a file that outlives the process.
 class Counter
 {
+    struct Shared {
+        std::atomic<qint64> captured, spoken;
+    };
+
 public:
     explicit Counter(const char *path)
     {
         const int file = open(path, O_RDWR | O_CLOEXEC);
-        m_samples = static_cast<std::atomic<qint64> *>(
-            mmap(nullptr, sizeof(qint64), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0));
-        if (m_samples == MAP_FAILED)
+        m_shared = static_cast<Shared *>(mmap(nullptr, sizeof(Shared), PROT_READ | PROT_WRITE, MAP_SHARED, file, 0));
+        if (m_shared == MAP_FAILED)
             qFatal("%s cannot be mapped", path);
         m_thread = std::jthread([this](const std::stop_token &ended) { follow(ended); });
     }
@@ -64,9 +75,33 @@ public:
     {
         const std::lock_guard lock(m_mutex);
         m_recorder = recorder;
+        m_began = never;
+        m_isListening = recorder != nullptr;
+        if (recorder)
+            m_shared->captured = m_shared->spoken = 0;
+    }
+
+    /// Whether what is spoken from now on belongs into the recording.
+    void setListening(bool listening)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_began = listening ? never : m_began;
+        m_isListening = listening;
     }
 
 private:
+    static constexpr qint64 never = std::numeric_limits<qint64>::max();
+
+    void count(qint64 now)
+    {
+        const double seconds = m_recorder->currentTime();
+        m_shared->captured = std::llround(seconds * 44100);
+        if (seconds > 0) // the earliest beginning is the right one: all others were seen late
+            m_began = std::min(m_began, now - std::llround(seconds * 1e9));
+        if (m_isListening && m_began != never)
+            m_shared->spoken = std::llround(double(now - m_began) * 44100 / 1e9);
+    }
+
     void follow(const std::stop_token &ended)
     {
         prctl(PR_SET_TIMERSLACK, 1);
@@ -74,15 +109,17 @@ private:
             {
                 const std::lock_guard lock(m_mutex);
                 if (m_recorder)
-                    m_samples->store(std::llround(m_recorder->currentTime() * 44100));
+                    count(nanoseconds());
             }
             usleep(1000);
         }
     }
 
-    std::atomic<qint64> *m_samples = nullptr;
-    std::mutex m_mutex;
+    Shared *m_shared = nullptr;
+    std::mutex m_mutex; // guards what follows
     const AudioFileRecorder *m_recorder = nullptr;
+    bool m_isListening = false;
+    qint64 m_began = never; // by the clock, as if nothing had been paused
     std::jthread m_thread; // last: it uses the others
 };
 
@@ -157,6 +194,7 @@ private:
     {
         if (!m_recorder)
             return;
+        m_counter.setListening(verb == "resume");
         if (verb == "pause")
             m_recorder->pause(), say("paused");
         else if (verb == "resume")

@@ -87,8 +87,6 @@ class Context:
                 return Seen(runs=1, failures=[f"run {number}: {type(problem).__name__}: {problem}"]), 0.0
         with concurrent.futures.ThreadPoolExecutor(self.workers) as pool:
             for seen, figure in pool.map(safely, range(runs)):
-                whole.runs += seen.runs
-                whole.leftovers += seen.leftovers
-                whole.failures += seen.failures
+                whole.add(seen)
                 figures.append(figure)
         return whole, figures

@@ -85,6 +85,10 @@ class Recorder:
         """How many samples the running recording has captured."""
         return struct.unpack_from("=q", self.counter)[0]
 
+    def spoken(self):
+        """How many were spoken into it, those that it has not captured yet among them."""
+        return struct.unpack_from("=q", self.counter, 8)[0]
+
     def wait_for_samples(self, count, seconds=PATIENCE):
         deadline = time.monotonic() + seconds
         while self.samples() < count and self.process.poll() is None:
@@ -115,6 +119,13 @@ class Recorder:
 
     def is_gone(self):
         return self.process.poll() is not None
+
+    def is_gone_within(self, seconds):
+        try:
+            self.wait_until_gone(seconds)
+        except subprocess.TimeoutExpired:
+            return False
+        return True
 
     def wait_until_gone(self, seconds=PATIENCE):
         self.process.wait(seconds)

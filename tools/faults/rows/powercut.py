@@ -76,11 +76,11 @@ def cut(context, disk, chance, said):
     take = recordings / "take.m4a"
     recorder.tell(f"record {take}")
     recorder.wait("started")
-    time.sleep(chance.uniform(0.1, 6))
+    time.sleep(chance.uniform(0.5, 9))
     if finishing := chance.random() < 0.25:
         recorder.tell("stop")
         time.sleep(chance.uniform(0, 0.1))
-    captured = recorder.samples()
+    spoken = recorder.spoken()
     held = disk.snapshot()
     recorder.kill()
     disk.lose_power(held)
@@ -90,8 +90,8 @@ def cut(context, disk, chance, said):
     recorder.end()
     seen = Seen(runs=1)
     kept = (decoded_samples(take) or 0) if take.exists() else 0
-    lost = seconds_lost(captured, kept)
-    said = f"{said}, {'finishing' if finishing else 'recording'}, {captured / RATE:.2f} s captured: "
+    lost = seconds_lost(spoken, kept)
+    said = f"{said}, {'finishing' if finishing else 'recording'}, {spoken / RATE:.2f} s spoken: "
     if lost > MOST_LOST:
         seen.failures.append(said + f"{lost:.2f} s lost")
     if take.exists() and not is_ordinary(take):

@@ -19,6 +19,12 @@ class Seen:
     failures: list = dataclasses.field(default_factory=list)  # One sentence for each run that missed the bar.
     seconds: float = 0.0
 
+    def add(self, other, where=""):
+        """What other runs showed, too; `where` says of its failures which ones those were."""
+        self.runs += other.runs
+        self.leftovers += other.leftovers
+        self.failures += [f"{where}: {failure}" if where else failure for failure in other.failures]
+
 
 @dataclasses.dataclass
 class Row:

@@ -83,12 +83,18 @@ class Scene:
         self.recorder.tell("stop")
         return None
 
-    def killed(self, _chance):
+    def killed(self, chance):
         self.began = time.monotonic_ns()
         self.sound.kill()
+        if chance.random() < 0.5:
+            self.sound.start()
+            self.add_other()
+            self.sound.set_default("kest_other")
         return "SoundServerLost"
 
-    def suspended(self, _chance):
+    def suspended(self, chance):
+        if chance.random() < 0.5:
+            self.add_other()
         self.began = time.monotonic_ns()
         self.sound.stall()
         return "NoSound"
@@ -97,11 +103,11 @@ class Scene:
 
     def mend(self, fault):
         """Things are as they were, and a new recording works."""
-        if fault == "killed":
+        if fault == "killed" and not self.other:
             self.sound.restart_with_microphone()
         elif fault == "suspended":
             self.sound.resume()
-        elif fault == "removed":
+        elif fault != "default_changed":
             self.sound.add_source(MICROPHONE, MICROPHONE_DESCRIPTION)
         self.sound.set_default(MICROPHONE)
         self.remove_other()
@@ -206,5 +212,5 @@ def row_for(fault, words, bar):
 SAID = "said within 2 s, take kept, no other microphone, works again afterwards"
 ROWS = [row_for("removed", "the microphone is unplugged, in half of the runs with another one there", SAID),
         row_for("default_changed", "another microphone becomes the default one", "goes on with its own, nothing of the other"),
-        row_for("killed", "sound server killed, then started again", SAID),
-        row_for("suspended", "sound server suspended", SAID)]
+        row_for("killed", "sound server killed, then started again, in half of the runs at once and with another microphone", SAID),
+        row_for("suspended", "sound server suspended, in half of the runs with another microphone there", SAID)]

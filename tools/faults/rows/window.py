@@ -1,6 +1,5 @@
 """The window's thread, or the whole program, stands still for seconds while it records: not a sample is missing."""
 
-import array
 import contextlib
 import ctypes
 import os
@@ -13,22 +12,13 @@ from services.base import wait_until
 
 from .driven import PATIENCE, RATE
 from .row import NotHere, Row, Seen
-from .sounding import is_ordinary
+from .sounding import NEAR, PERIOD, clicks, distances, is_ordinary, played, samples_of
 
 BLOCKED = 5.0  # seconds
 FROZEN = 10.0  # seconds
-PERIOD = RATE // 10  # samples between two clicks
-LOUD = 8000  # of 32767; what is between the clicks stays far below
-NEAR = 4  # Samples by which the encoder may move a click's peak.
 PTRACE_DETACH, PTRACE_SEIZE, PTRACE_INTERRUPT = 17, 0x4206, 0x4207
 ANY_THREAD = 0x40000000  # __WALL of waitpid(2)
 LIBC = ctypes.CDLL(None, use_errno=True)
-
-
-def clicks():
-    """A second of them: a short pulse in each tenth."""
-    pulse = [20000, 28000, 20000, 0]
-    return array.array("h", (pulse + [0] * (PERIOD - len(pulse))) * 10).tobytes()
 
 
 def ptrace(request, thread):
@@ -58,28 +48,9 @@ def frozen(process):
         os.kill(process, signal.SIGCONT)
 
 
-def distances(samples):
-    """From each click to the next, in samples."""
-    found, at = [], 0
-    while at < len(samples):
-        if abs(samples[at]) > LOUD:
-            piece = samples[at:at + 40]
-            found.append(at + max(range(len(piece)), key=lambda n: abs(piece[n])))
-            at += 400
-        else:
-            at += 1
-    return [after - before for before, after in zip(found, found[1:])]
-
-
 def is_part(short, long):
     """Whether one row of distances stands in the other, within what the encoder may move."""
     return any(all(abs(one - other) <= NEAR for one, other in zip(short, long[at:])) for at in range(len(long) - len(short) + 1))
-
-
-def samples_of(raw):
-    samples = array.array("h")
-    samples.frombytes(raw[:len(raw) // 2 * 2])
-    return samples
 
 
 class Hanging:
@@ -95,31 +66,30 @@ class Hanging:
         self.kest.start()
 
     def take(self, number, chance):
-        """(what Kest kept, what the other one heard)."""
+        """(what Kest kept, what the other one heard, samples spoken at least)."""
         raw = self.context.folder("reference") / "heard.raw"
         other = self.context.sandbox.start("reference", ["parec", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1", raw])
         wait_until(lambda: raw.exists() and raw.stat().st_size > RATE, "the reference to hear something", PATIENCE)
         self.kest.click("Record")
         wait_until(lambda: len(self.kest.recordings()) > number, "the recording", PATIENCE)
+        began = time.monotonic()
         time.sleep(chance.uniform(0.2, 0.8))
         with self.standing(self.kest.process.pid):
             time.sleep(self.seconds)
+        spoken = int((time.monotonic() - began) * RATE)
         self.kest.click("Stop", PATIENCE)
         file = self.kest.recordings()[-1]
         wait_until(lambda: is_ordinary(file), "the finished recording", PATIENCE)
         time.sleep(0.3)  # the other one hears what Kest heard last
         self.context.sandbox.stop(other)
-        decoded = subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-i", file, "-f", "s16le", "-ac", "1", "-"],
-                                 capture_output=True, check=True).stdout
-        return samples_of(decoded), samples_of(raw.read_bytes())
-
+        return played(file) or [], samples_of(raw.read_bytes()), spoken
 
     def judge(self, number, chance):
         """(how many clicks were kept, what is wrong with them or null)."""
-        kept, heard = self.take(number, chance)
+        kept, heard, spoken = self.take(number, chance)
         own = distances(kept)
-        if len(kept) < self.seconds * RATE or len(own) < self.seconds * 10 - 2:
-            return len(own), f"only {len(kept)} samples and {len(own)} clicks kept"
+        if len(kept) < spoken or len(own) < spoken // PERIOD - 2:
+            return len(own), f"{spoken} samples spoken, {len(kept)} and {len(own)} clicks kept"
         if not is_part(own[1:-1], distances(heard)):
             return len(own), f"{own} is not what was heard"
         return len(own), None
