@@ -6,7 +6,7 @@ import time
 
 from .driven import RATE, RENAME, Recorder
 from .row import Row, Seen
-from .sounding import clicks, is_ordinary, misplaced, played, seconds_lost
+from .sounding import NEAR, clicks, is_ordinary, misplaced, played, samples_of, seconds_lost
 
 MOST_LOST = 0.25  # seconds
 LONGEST = 2.0  # seconds of a take
@@ -142,12 +142,12 @@ class Victim:
                              (files and (after is None or not is_ordinary(files[0])), "not an ordinary file after the next start"),
                              (after is not None and len(after) < (self.kept or 0), f"the next start has shortened it from {self.kept} to {len(after or [])}"),
                              (after is not None and len(after) > self.spoken + MORE, "longer than what was spoken"),
-                             (after is not None and misplaced(after), f"not what was spoken: {misplaced(after or [])}"),
                              (worth_keeping and lost > MOST_LOST, f"{lost:.3f} s lost")):
             if wrong:
                 seen.failures.append(f"{self.state}, seed {self.seed}, {self.spoken} samples spoken: {words}")
                 break
         seen.leftovers += len(left)
+        self.gaps = misplaced(after or [])
         return lost if worth_keeping else 0.0
 
 
@@ -162,19 +162,26 @@ def one(context, number):
     lost = victim.judge(seen)
     if not seen.failures:
         shutil.rmtree(victim.root)
-    return seen, (lost, victim.met)
+    return seen, (lost, victim.met, [(seed, gap) for gap in victim.gaps])
 
 
 def run(context, runs):
     seen, losses, chosen = Seen(), [], []
     for kind, share in zip(KINDS, ((runs + 1) // 2, runs // 2)):
         context.start_sound(kind).microphone.hum(clicks())
+        heard = context.folder("reference") / "heard.raw"
+        other = context.sandbox.start("reference", ["parec", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1", heard])
         part, figures = context.gather(one, share)
+        context.sandbox.stop(other)
         context.stop_sound()
         figures = [figure for figure in figures if figure]  # none of a run that came to nothing
-        losses += [lost for lost, _met in figures]
-        chosen += [met for _lost, met in figures if met is not None]
+        losses += [lost for lost, _met, _gaps in figures]
+        chosen += [met for _lost, met, _gaps in figures if met is not None]
         seen.add(part, kind)
+        # What every program misses is the server's.
+        known = misplaced(samples_of(heard.read_bytes()))
+        seen.failures += [f"{kind}, seed {seed}: clicks {gap} samples apart" for _lost, _met, gaps in figures for seed, gap in gaps
+                          if not any(abs(gap - other) <= NEAR for other in known)]
     if sum(chosen) < MET * len(chosen):
         seen.failures.append(f"only {sum(chosen)} of {len(chosen)} chosen calls came")
     seen.worst = f"{max(losses, default=0):.3f} s lost"
