@@ -5,8 +5,6 @@ import { MailError } from "./errors.js";
 // Tools disagree on these; the registered names are RFC 4337 and RFC 2046.
 const TYPES = { m4a: "audio/mp4", mp4: "video/mp4", txt: "text/plain" };
 
-const arriving = new Map();
-
 function extension(name) {
   return /\.([A-Za-z0-9]{1,8})$/.exec(name)?.[1] ?? "";
 }
@@ -20,30 +18,46 @@ function decoded(data) {
   }
 }
 
-/** One piece of a file that the host reads out; false when it is none. A file with such a piece never gets whole. */
-export function takeChunk({ chunk, data, last }) {
-  if (!Number.isInteger(chunk) || typeof data !== "string") {
-    return false;
-  }
-  const file = arriving.get(chunk) ?? { parts: [], complete: false, broken: false };
-  arriving.set(chunk, file);
-  const bytes = file.broken ? null : decoded(data);
-  if (!bytes) {
-    Object.assign(file, { parts: [], complete: false, broken: true });
-    return false;
-  }
-  file.parts.push(new Blob([bytes]));
-  file.complete = Boolean(last);
-  return true;
-}
+/** The files that one host reads out, by the numbers that it gives them. It gives each number once. */
+export class Files {
+  #arriving = new Map();
+  #ended = new Set();
 
-/** The host gave a file up. */
-export function dropFile(id) {
-  arriving.delete(id);
-}
+  /** One piece of a file; false when it is none. A file with such a piece, or that was dropped, never gets whole. */
+  takeChunk({ chunk, data, last }) {
+    if (!Number.isInteger(chunk) || typeof data !== "string" || this.#ended.has(chunk)) {
+      return false;
+    }
+    const file = this.#arriving.get(chunk) ?? { parts: [], complete: false, broken: false };
+    this.#arriving.set(chunk, file);
+    const bytes = file.broken ? null : decoded(data);
+    if (!bytes) {
+      Object.assign(file, { parts: [], complete: false, broken: true });
+      return false;
+    }
+    file.parts.push(new Blob([bytes]));
+    file.complete = Boolean(last);
+    return true;
+  }
 
-export function dropAllFiles() {
-  arriving.clear();
+  /** The parts of a file that has arrived whole, else null; it is no longer here then. */
+  takeOut(number) {
+    const file = this.#arriving.get(number);
+    this.drop(number);
+    return file?.complete ? file.parts : null;
+  }
+
+  /** Nobody wants it any more, or not again: no piece begins it anew. */
+  drop(number) {
+    this.#arriving.delete(number);
+    if (Number.isInteger(number)) {
+      this.#ended.add(number);
+    }
+  }
+
+  dropAll() {
+    this.#arriving.clear();
+  }
 }
 
 function checkName(name) {
@@ -64,14 +78,13 @@ export function plainFile(parts, name) {
 }
 
 /** The attachment for a file that has arrived: {name, file, offset}. */
-export function attachment(name, reference) {
+export function attachment(name, reference, files) {
   checkName(name);
-  const arrived = arriving.get(reference?.file);
-  arriving.delete(reference?.file);
-  if (!arrived?.complete) {
+  const parts = files.takeOut(reference?.file);
+  if (!parts) {
     throw new MailError("Failed", `“${name}” did not arrive whole.`);
   }
-  return { name, file: plainFile(arrived.parts, name), offset: 0 };
+  return { name, file: plainFile(parts, name), offset: 0 };
 }
 
 /**

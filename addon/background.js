@@ -1,7 +1,7 @@
 /** Starts with Thunderbird and answers the host for as long as it runs. */
 
 import { failure, success } from "./answers.js";
-import { dropAllFiles, dropFile, takeChunk } from "./attachments.js";
+import { Files } from "./attachments.js";
 import { Connection } from "./connection.js";
 import * as outgoing from "./outgoing.js";
 import { carryOut } from "./vocabulary.js";
@@ -19,37 +19,43 @@ function filesOf(values) {
     .filter(number => number !== undefined);
 }
 
-async function answer(call) {
-  try {
-    connection.send(success(call.call, await carryOut(call)));
-  } catch (error) {
-    connection.send(failure(call.call, error));
-  } finally {
-    // A call that failed early has not taken its files out.
-    for (const reference of filesOf(call.arguments)) {
-      dropFile(reference);
+/** Talks with one host. What it numbers, calls and files, is nothing to the next one. */
+function talk(send) {
+  const files = new Files();
+
+  async function answer(call) {
+    try {
+      send(success(call.call, await carryOut(call, files)));
+    } catch (error) {
+      send(failure(call.call, error));
+    } finally {
+      // A call that failed early has not taken its files out.
+      for (const number of filesOf(call.arguments)) {
+        files.drop(number);
+      }
     }
   }
-}
 
-function received(message) {
-  if (message.chunk !== undefined) {
-    if (takeChunk(message)) {
-      connection.send({ taken: message.chunk });
+  function received(message) {
+    if (message.chunk !== undefined) {
+      if (files.takeChunk(message)) {
+        send({ taken: message.chunk });
+      }
+    } else if (message.drop !== undefined) {
+      files.drop(message.drop);
+    } else if (message.call !== undefined) {
+      answer(message);
     }
-  } else if (message.drop !== undefined) {
-    dropFile(message.drop);
-  } else if (message.call !== undefined) {
-    answer(message);
   }
+
+  return {
+    opened: () => windows.announceFocus(focused => send({ focused })),
+    message: received,
+    closed: () => files.dropAll(),
+  };
 }
 
-const connection = new Connection({
-  hello,
-  message: received,
-  opened: () => windows.announceFocus(focused => connection.send({ focused })),
-  closed: dropAllFiles,
-});
+const connection = new Connection({ hello, talk });
 
 // Listeners must be there before the first turn of the event loop ends. The one for the start is what makes
 // Thunderbird run this page without waiting for another event.

@@ -10,12 +10,12 @@ import { send } from "./sending.js";
 import { raise } from "./windows.js";
 
 /** Application.NewMessage */
-export async function newMessage({ subject, content, account, index, attachments }) {
+export async function newMessage({ subject, content, account, index, attachments }, files) {
   const chosen = await accountNamed(account);
   const message = outgoing.make({ subject, content, identityId: chosen?.identities[0].id ?? null });
   try {
     for (const [name, file] of attachments) {
-      insertAt(message.attachments, attachment(name, file), index, content.length);
+      insertAt(message.attachments, attachment(name, file, files), index, content.length);
     }
   } catch (error) {
     outgoing.forget(message);
@@ -30,16 +30,16 @@ export async function newMessage({ subject, content, account, index, attachments
 
 /** Application.Reply */
 export async function replyInOne({ original, content, account, replyToAll, send: sendNow, deleteOriginal, index,
-  attachments }) {
+  attachments }, files) {
   const message = await findMessage(original);
-  const files = attachments.map(([name, file]) => attachment(name, file));
+  const added = attachments.map(([name, file]) => attachment(name, file, files));
   const reply = await openReply(message, replyToAll, await accountNamed(account));
   return outgoing.inTurn(reply, async () => {
     reply.content = content;
     await composing.writeAbove(reply, content);
-    for (const file of files) {
-      insertAt(reply.attachments, file, index, content.length);
-      await composing.attach(reply, file);
+    for (const each of added) {
+      insertAt(reply.attachments, each, index, content.length);
+      await composing.attach(reply, each);
     }
     await (sendNow ? send(reply) : raise(reply.windowId));
     if (deleteOriginal) {

@@ -21,21 +21,24 @@ function parsed(base64) {
 }
 
 /**
- * Connects, says hello and hands every message on. A host that has spoken and
+ * Connects, says hello and hands every message on. `talk(send)` is called for
+ * each host and returns who talks with it: {opened, message, closed}; what is
+ * sent to a host that has ended is dropped. A host that has spoken and
  * died is started again, after a growing pause, and so is one that gave a busy
  * Thunderbird up before it came to say hello. One that ends at once is tried a
  * few times and then left alone until the next open().
  */
 export class Connection {
   #port = null;
+  #talk = null;
   #pieces = [];
   #failures = 0;
   #spoke = false;
   #since = 0;
   #retry = null;
 
-  constructor({ hello, message, opened, closed }) {
-    this.on = { hello, message, opened, closed };
+  constructor({ hello, talk }) {
+    this.on = { hello, talk };
   }
 
   open() {
@@ -46,26 +49,31 @@ export class Connection {
     this.#since = Date.now();
     this.#port = messenger.runtime.connectNative(HOST);
     const port = this.#port;
-    port.onMessage.addListener(message => this.#received(message));
+    const send = message => this.#send(port, message);
+    this.#talk = this.on.talk(send);
+    port.onMessage.addListener(message => this.#received(port, message));
     port.onDisconnect.addListener(() => this.#disconnected(port));
-    this.on.hello().then(hello => this.send({ hello: { protocol: PROTOCOL, ...hello } }));
+    this.on.hello().then(hello => send({ hello: { protocol: PROTOCOL, ...hello } }));
   }
 
-  send(message) {
-    this.#port?.postMessage(message);
+  /** Serials and numbers of files begin anew with each host: the next one would take an answer for its own. */
+  #send(port, message) {
+    if (port === this.#port) {
+      port.postMessage(message);
+    }
   }
 
-  #received(message) {
-    if (message === null || typeof message !== "object") {
+  #received(port, message) {
+    if (port !== this.#port || message === null || typeof message !== "object") {
       return;
     }
     if (message.hello) {
       this.#spoke = true;
-      this.on.opened(message.hello);
+      this.#talk.opened(message.hello);
     } else if (typeof message.piece === "string") {
       this.#takePiece(message);
     } else {
-      this.on.message(message);
+      this.#talk.message(message);
     }
   }
 
@@ -76,7 +84,7 @@ export class Connection {
       const message = parsed(this.#pieces.join(""));
       this.#pieces = [];
       if (message) {
-        this.on.message(message);
+        this.#talk.message(message);
       }
     }
   }
@@ -87,7 +95,7 @@ export class Connection {
     }
     this.#port = null;
     this.#pieces = [];
-    this.on.closed();
+    this.#talk.closed();
     const lasted = Date.now() - this.#since;
     this.#failures = this.#spoke && lasted > STEADY_MS ? 0 : this.#failures + 1;
     if (!this.#spoke && lasted < AT_ONCE_MS && this.#failures >= SILENT_TRIES) {

@@ -21,8 +21,8 @@ export const INTERFACES = {
       Selection: () => selection(),
       MakeOutgoingMessage: (_target, values) => writing.makeOutgoingMessage(values),
       Activate: () => activate(),
-      NewMessage: (_target, values) => newMessage(values),
-      Reply: (_target, values) => replyInOne(values),
+      NewMessage: (_target, values, files) => newMessage(values, files),
+      Reply: (_target, values, files) => replyInOne(values, files),
     },
   },
   Message: {
@@ -55,13 +55,13 @@ function own(object, name) {
   return object && typeof name === "string" && Object.hasOwn(object, name) ? object[name] : undefined;
 }
 
-/** Carries out one call from the host: {path, interface, kind: "call", "get" or "set", member, arguments}. */
-export async function carryOut(call) {
+/** Carries out one call from the host: {path, interface, kind: "call", "get" or "set", member, arguments}, with its files. */
+export async function carryOut(call, files) {
   const known = own(INTERFACES, call.interface);
   const verb = KINDS.includes(call.kind) && own(own(known, call.kind), call.member);
   if (!verb) {
     throw new MailError("Unsupported", `Thunderbird's half of Kest knows no ${call.interface}.${call.member}.`);
   }
   const target = await known.find(call.path);
-  return known.run(target, () => verb(target, call.arguments));
+  return known.run(target, () => verb(target, call.arguments, files));
 }

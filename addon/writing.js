@@ -85,8 +85,8 @@ export async function addRecipient(message, { kind, name, address }) {
   await messenger.compose.setComposeDetails(message.tabId, { [kind]: list });
 }
 
-export async function insertAttachment(message, { fileName, file, index }) {
-  const added = attachment(fileName, file);
+export async function insertAttachment(message, { fileName, file, index }, files) {
+  const added = attachment(fileName, file, files);
   insertAt(message.attachments, added, index, message.content.length);
   if (isVisible(message)) {
     await composing.attach(message, added);

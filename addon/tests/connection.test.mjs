@@ -1,24 +1,20 @@
 import assert from "node:assert/strict";
 import { beforeEach, mock, test } from "node:test";
 
-import { event, turns, useMessenger } from "./fake.mjs";
+import { newPort, turns, useMessenger } from "./fake.mjs";
 import { Connection } from "../connection.js";
 
 let ports = [];
 let heard = [];
 
-function newPort() {
-  const port = { onMessage: event(), onDisconnect: event(), sent: [], postMessage: message => port.sent.push(message) };
-  ports.push(port);
-  return port;
-}
-
-function connect() {
+function connect(hello = async () => ({ version: "1", name: "Thunderbird", applicationVersion: "153" })) {
   const connection = new Connection({
-    hello: async () => ({ version: "1", name: "Thunderbird", applicationVersion: "153" }),
-    message: message => heard.push(message),
-    opened: () => heard.push("opened"),
-    closed: () => heard.push("closed"),
+    hello,
+    talk: () => ({
+      opened: () => heard.push("opened"),
+      message: message => heard.push(message),
+      closed: () => heard.push("closed"),
+    }),
   });
   connection.open();
   return connection;
@@ -29,7 +25,7 @@ beforeEach(() => {
   heard = [];
   mock.timers.reset();
   mock.timers.enable({ apis: ["setTimeout"] });
-  useMessenger({ runtime: { connectNative: newPort } });
+  useMessenger({ runtime: { connectNative: () => newPort(ports) } });
 });
 
 test("it says hello at once", async () => {
@@ -103,6 +99,31 @@ test("a disconnect of an old port does not touch the new one", () => {
   ports[0].onDisconnect.fire();
   mock.timers.tick(60000);
   assert.equal(ports.length, 2);
+});
+
+test("a hello that was a long time coming is said to the host that it was for, or to none", async () => {
+  const hellos = [];
+  connect(() => new Promise(resolve => hellos.push(resolve)));
+  ports[0].onMessage.fire({ hello: {} });
+  ports[0].onDisconnect.fire();
+  mock.timers.tick(500);
+  hellos[0]({ version: "1" });
+  await turns();
+  assert.deepEqual(ports.map(port => port.sent), [[], []]);
+  hellos[1]({ version: "1" });
+  await turns();
+  assert.deepEqual(ports.map(port => port.sent.length), [0, 1]);
+});
+
+test("what a host says after its end is passed over", () => {
+  connect();
+  ports[0].onDisconnect.fire();
+  mock.timers.tick(500);
+  const bytes = Buffer.from(JSON.stringify({ call: 7 })).toString("base64");
+  ports[0].onMessage.fire({ piece: bytes.slice(0, 4), last: false });
+  ports[0].onMessage.fire({ call: 6 });
+  ports[1].onMessage.fire({ piece: bytes, last: true });
+  assert.deepEqual(heard, ["closed", { call: 7 }]);
 });
 
 test("pieces of a long message are put together", () => {

@@ -27,6 +27,13 @@ export function event() {
   };
 }
 
+/** A port to a host, put behind the others in the list; `sent` is what it was told. */
+export function newPort(ports) {
+  const port = { onMessage: event(), onDisconnect: event(), sent: [], postMessage: message => port.sent.push(message) };
+  ports.push(port);
+  return port;
+}
+
 /** Puts a fresh messenger into place, made of these parts, and returns it. */
 export function useMessenger(parts) {
   globalThis.messenger = {

@@ -7,7 +7,7 @@
 import assert from "node:assert/strict";
 import { mock, test } from "node:test";
 
-import { event, turns, useMessenger } from "./fake.mjs";
+import { event, newPort, turns, useMessenger } from "./fake.mjs";
 
 const SEED = Number(process.env.KEST_FUZZ_SEED ?? 20250301);
 const ROUNDS = Number(process.env.KEST_FUZZ_ROUNDS ?? 5000);
@@ -71,7 +71,7 @@ function broken(whole, random) {
 }
 
 async function startAddon() {
-  const port = { onMessage: event(), onDisconnect: event(), sent: [], postMessage: message => port.sent.push(message) };
+  const port = newPort([]);
   useMessenger({
     runtime: {
       onStartup: event(), onInstalled: event(), connectNative: () => port,
