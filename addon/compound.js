@@ -2,6 +2,7 @@
 
 import { attachment, insertAt } from "./attachments.js";
 import * as composing from "./composing.js";
+import { MailError, wordsOf } from "./errors.js";
 import { accountNamed } from "./identities.js";
 import * as outgoing from "./outgoing.js";
 import { NO_OBJECT } from "./paths.js";
@@ -28,6 +29,19 @@ export async function newMessage({ subject, content, account, index, attachments
   return outgoing.path(message);
 }
 
+/** Deletes what was answered. Where that fails nobody may think that the reply failed, and send it again. */
+async function deleteAnswered(message, sent) {
+  try {
+    await deleteMessage(message);
+  } catch (error) {
+    const why = wordsOf(error);
+    if (sent) {
+      throw new MailError("Failed", `The reply was sent, but the original could not be deleted: ${why}`);
+    }
+    throw new MailError("Failed", `The reply is there, but the original could not be deleted: ${why}`);
+  }
+}
+
 /** Application.Reply */
 export async function replyInOne({ original, content, account, replyToAll, send: sendNow, deleteOriginal, index,
   attachments }, files) {
@@ -43,7 +57,7 @@ export async function replyInOne({ original, content, account, replyToAll, send:
     }
     await (sendNow ? send(reply) : raise(reply.windowId));
     if (deleteOriginal) {
-      await deleteMessage(message);
+      await deleteAnswered(message, sendNow);
     }
     return sendNow ? NO_OBJECT : outgoing.path(reply);
   });

@@ -9,10 +9,15 @@ export class MailError extends Error {
   }
 }
 
+/** What anything thrown says. */
+export function wordsOf(error) {
+  return error?.message ?? String(error);
+}
+
 /** Turns anything thrown into what travels to the host. */
 export function describe(error) {
   if (error instanceof MailError) {
     return { name: error.name, message: error.message };
   }
-  return { name: "Failed", message: `Thunderbird says: ${error?.message ?? error}` };
+  return { name: "Failed", message: `Thunderbird says: ${wordsOf(error)}` };
 }

@@ -692,6 +692,14 @@ If you like, see first that all is ready.</source>
         <source>The answer is too long to be passed on.</source>
         <translation>الردّ أطول من أن يُمرَّر.</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>أُرسل الرد، لكن تعذّر حذف الرسالة الأصلية: %1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>الرد موجود، لكن تعذّر حذف الرسالة الأصلية: %1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

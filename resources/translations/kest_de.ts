@@ -692,6 +692,14 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <source>The answer is too long to be passed on.</source>
         <translation>Die Antwort ist zu lang, um weitergegeben zu werden.</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>Die Antwort wurde gesendet, aber das Original konnte nicht gelöscht werden: %1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>Die Antwort ist da, aber das Original konnte nicht gelöscht werden: %1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -692,6 +692,14 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <source>The answer is too long to be passed on.</source>
         <translation>La respuesta es demasiado larga para transmitirla.</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>La respuesta se envió, pero no se pudo eliminar el original: %1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>La respuesta está ahí, pero no se pudo eliminar el original: %1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

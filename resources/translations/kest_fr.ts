@@ -692,6 +692,14 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <source>The answer is too long to be passed on.</source>
         <translation>La réponse est trop longue pour être transmise.</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>La réponse a été envoyée, mais l’original n’a pas pu être supprimé : %1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>La réponse est là, mais l’original n’a pas pu être supprimé : %1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -692,6 +692,14 @@ If you like, see first that all is ready.</source>
         <source>The answer is too long to be passed on.</source>
         <translation>応答が長すぎるため、受け渡せません。</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>返信は送信されましたが、元のメッセージを削除できませんでした: %1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>返信は開いていますが、元のメッセージを削除できませんでした: %1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

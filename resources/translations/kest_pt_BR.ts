@@ -692,6 +692,14 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <source>The answer is too long to be passed on.</source>
         <translation>A resposta é longa demais para ser repassada.</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>A resposta foi enviada, mas não foi possível excluir a original: %1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>A resposta está aberta, mas não foi possível excluir a original: %1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

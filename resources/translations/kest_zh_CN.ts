@@ -692,6 +692,14 @@ If you like, see first that all is ready.</source>
         <source>The answer is too long to be passed on.</source>
         <translation>应答过长，无法传递。</translation>
     </message>
+    <message>
+        <source>The reply was sent, but the original could not be deleted: %1</source>
+        <translation>回复已发送，但无法删除原邮件：%1</translation>
+    </message>
+    <message>
+        <source>The reply is there, but the original could not be deleted: %1</source>
+        <translation>回复已打开，但无法删除原邮件：%1</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -16,6 +16,8 @@ constexpr const char *sentences[] = {
     QT_TRANSLATE_NOOP("kest", "The message has no recipient."),
     QT_TRANSLATE_NOOP("kest", "Thunderbird does not offer to send this message: it may be offline, or an address may be incomplete."),
     QT_TRANSLATE_NOOP("kest", "Thunderbird could not send the message; it is still open there."),
+    QT_TRANSLATE_NOOP("kest", "The reply was sent, but the original could not be deleted: %1"),
+    QT_TRANSLATE_NOOP("kest", "The reply is there, but the original could not be deleted: %1"),
     QT_TRANSLATE_NOOP("kest", "Thunderbird has no window to show."),
     QT_TRANSLATE_NOOP("kest", "The answer is too long to be passed on."),
     QT_TRANSLATE_NOOP("kest", "Thunderbird says: %1"),
