@@ -50,16 +50,28 @@ async function stripOwn(tabId, details) {
   }
 }
 
+/** Works on a reply that nobody has been told of yet; where that fails, it goes, and its window with it. */
+async function orDiscard(reply, work) {
+  const { tabId } = reply;
+  try {
+    await work();
+  } catch (error) {
+    outgoing.forget(reply);
+    await composing.close(tabId).catch(() => {}); // the person may have closed it
+    throw error;
+  }
+}
+
 /** Opens Thunderbird's own reply as an outgoing message, by the right identity. */
 export async function openReply(message, all, account) {
   const identity = await identityForAnswer(message, account);
   const type = all ? "replyToAll" : "replyToSender";
   const tab = await messenger.compose.beginReply(message.id, type, { identityId: identity.id });
-  if (all) {
-    await stripOwn(tab.id, await messenger.compose.getComposeDetails(tab.id));
-  }
   const reply = outgoing.make({ identityId: identity.id, answers: { id: message.id, all } });
   composing.adopt(reply, tab);
+  if (all) {
+    await orDiscard(reply, async () => stripOwn(tab.id, await composing.details(reply)));
+  }
   return reply;
 }
 
@@ -81,7 +93,7 @@ async function hide(reply) {
 export async function reply(message, { openingWindow, replyToAll }) {
   const made = await openReply(message, replyToAll, null);
   if (!openingWindow) {
-    await hide(made);
+    await orDiscard(made, () => hide(made));
   }
   return outgoing.path(made);
 }
