@@ -2,6 +2,7 @@
 
 import { displayMailbox, parseMailboxes, withoutOwn } from "./addresses.js";
 import * as composing from "./composing.js";
+import { isEncrypted, isToBeEncrypted, refuseInClear } from "./encryption.js";
 import { MailError } from "./errors.js";
 import { identityForAnswer, ownAddresses } from "./identities.js";
 import * as outgoing from "./outgoing.js";
@@ -75,13 +76,20 @@ export async function openReply(message, all, account) {
   return reply;
 }
 
-/** What a reply's window holds, kept in the message itself; the window goes. */
+/**
+ * What a reply's window holds, kept in the message itself; the window goes. Not
+ * where Thunderbird would encrypt it: what is read out of here goes into another
+ * message, which knows nothing of that.
+ */
 async function hide(reply) {
   const { tabId } = reply;
-  const details = await composing.details(reply);
-  reply.subject = details.subject;
   reply.quote = await composing.contentOf(reply);
   reply.content = reply.quote;
+  const details = await composing.details(reply);
+  if (isToBeEncrypted(details)) {
+    refuseInClear();
+  }
+  reply.subject = details.subject;
   for (const kind of ["to", "cc", "bcc"]) {
     reply[kind] = await parseMailboxes(details[kind]);
   }
@@ -91,6 +99,9 @@ async function hide(reply) {
 }
 
 export async function reply(message, { openingWindow, replyToAll }) {
+  if (!openingWindow && await isEncrypted(message)) {
+    refuseInClear();
+  }
   const made = await openReply(message, replyToAll, null);
   if (!openingWindow) {
     await orDiscard(made, () => hide(made));

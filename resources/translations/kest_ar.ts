@@ -700,6 +700,10 @@ If you like, see first that all is ready.</source>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>الرد موجود، لكن تعذّر حذف الرسالة الأصلية: %1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>يجب تشفير هذا الرد، و«مباشر» لا يستطيع ذلك. اختر «نص برمجي» طريقةً للإرسال في التفضيلات.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

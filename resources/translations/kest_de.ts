@@ -700,6 +700,10 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>Die Antwort ist da, aber das Original konnte nicht gelöscht werden: %1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>Diese Antwort muss verschlüsselt werden, und „Direkt“ kann das nicht. Bitte wählen Sie in den Einstellungen „Skript“ als Mailanbindung.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -700,6 +700,10 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>La respuesta está ahí, pero no se pudo eliminar el original: %1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>Esta respuesta debe ir cifrada, y «Directo» no puede hacerlo. Elija «Script» como modo de envío en las preferencias.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -700,6 +700,10 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>La réponse est là, mais l’original n’a pas pu être supprimé : %1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>Cette réponse doit être chiffrée, et « Direct » ne le peut pas. Choisissez « Script » comme mode d’envoi dans les préférences.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -700,6 +700,10 @@ If you like, see first that all is ready.</source>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>返信は開いていますが、元のメッセージを削除できませんでした: %1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>この返信は暗号化が必要ですが、「直接」ではできません。設定の「メール連携の方法」で「スクリプト」を選択してください。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -700,6 +700,10 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>A resposta está aberta, mas não foi possível excluir a original: %1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>Esta resposta precisa ser criptografada, e “Direto” não consegue fazer isso. Escolha “Script” como modo de envio nas preferências.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

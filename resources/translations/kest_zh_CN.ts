@@ -700,6 +700,10 @@ If you like, see first that all is ready.</source>
         <source>The reply is there, but the original could not be deleted: %1</source>
         <translation>回复已打开，但无法删除原邮件：%1</translation>
     </message>
+    <message>
+        <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
+        <translation>此回复必须加密，而“直接”方式无法做到。请在首选项中将发送方式设为“脚本”。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -18,6 +18,7 @@ constexpr const char *sentences[] = {
     QT_TRANSLATE_NOOP("kest", "Thunderbird could not send the message; it is still open there."),
     QT_TRANSLATE_NOOP("kest", "The reply was sent, but the original could not be deleted: %1"),
     QT_TRANSLATE_NOOP("kest", "The reply is there, but the original could not be deleted: %1"),
+    QT_TRANSLATE_NOOP("kest", "This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences."),
     QT_TRANSLATE_NOOP("kest", "Thunderbird has no window to show."),
     QT_TRANSLATE_NOOP("kest", "The answer is too long to be passed on."),
     QT_TRANSLATE_NOOP("kest", "Thunderbird says: %1"),
