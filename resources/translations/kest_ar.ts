@@ -704,6 +704,10 @@ If you like, see first that all is ready.</source>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>يجب تشفير هذا الرد، و«مباشر» لا يستطيع ذلك. اختر «نص برمجي» طريقةً للإرسال في التفضيلات.</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>ربما تكون الرسالة هناك أو أُرسلت رغم ذلك. تحقّق في برنامج البريد قبل أن تحاول مرة أخرى.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

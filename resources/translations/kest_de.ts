@@ -704,6 +704,10 @@ Wenn Sie mögen, prüfen Sie zuerst, ob alles bereit ist.</translation>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>Diese Antwort muss verschlüsselt werden, und „Direkt“ kann das nicht. Bitte wählen Sie in den Einstellungen „Skript“ als Mailanbindung.</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>Die Nachricht ist vielleicht trotzdem da oder wird noch gesendet. Sehen Sie im Mailprogramm nach, bevor Sie es noch einmal versuchen.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

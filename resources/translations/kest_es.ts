@@ -704,6 +704,10 @@ Si quiere, compruebe antes que todo está listo.</translation>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>Esta respuesta debe ir cifrada, y «Directo» no puede hacerlo. Elija «Script» como modo de envío en las preferencias.</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>Puede que el mensaje esté allí o se envíe de todos modos. Compruébelo en el programa de correo antes de volver a intentarlo.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

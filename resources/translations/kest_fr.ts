@@ -704,6 +704,10 @@ Si vous voulez, vérifiez d’abord que tout est prêt.</translation>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>Cette réponse doit être chiffrée, et « Direct » ne le peut pas. Choisissez « Script » comme mode d’envoi dans les préférences.</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>Le message est peut-être là malgré tout, ou sera envoyé. Vérifiez dans la messagerie avant de réessayer.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -704,6 +704,10 @@ If you like, see first that all is ready.</source>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>この返信は暗号化が必要ですが、「直接」ではできません。設定の「メール連携の方法」で「スクリプト」を選択してください。</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>それでもメッセージが作成または送信されている場合があります。もう一度試す前に、メールソフトで確認してください。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -704,6 +704,10 @@ Se quiser, veja antes se está tudo pronto.</translation>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>Esta resposta precisa ser criptografada, e “Direto” não consegue fazer isso. Escolha “Script” como modo de envio nas preferências.</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>A mensagem pode estar lá ou ser enviada mesmo assim. Verifique no programa de e-mail antes de tentar novamente.</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

@@ -704,6 +704,10 @@ If you like, see first that all is ready.</source>
         <source>This reply must be encrypted, and “Direct” cannot do that. Choose “Script” as the mail back end in Preferences.</source>
         <translation>此回复必须加密，而“直接”方式无法做到。请在首选项中将发送方式设为“脚本”。</translation>
     </message>
+    <message>
+        <source>The message may be there or be sent all the same. Look in the mail application before you try again.</source>
+        <translation>邮件可能仍已创建或发送。重试之前，请先在邮件程序中查看。</translation>
+    </message>
 </context>
 <context>
     <name>kest::AppDelegate</name>

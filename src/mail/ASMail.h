@@ -52,6 +52,10 @@ public:
                                    const std::optional<QVariantList> &withAttachments, quint64 insertionIndex,
                                    const QString &accountName);
 
+    /// What the script finds selected from now on, whatever is selected in the
+    /// mail application; with an empty list, what is selected there.
+    void holdSelection(const QList<Message> &messages) { m_mailApp.holdSelection(messages); }
+
     using Flags = ReplyFlags;
 
     /// Answers the message of the last mailReplyGetSender() that gave a text, if

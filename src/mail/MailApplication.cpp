@@ -72,10 +72,10 @@ QList<Account> MailApplication::accounts()
 
 QList<Message> MailApplication::selection()
 {
-    QList<Message> messages;
+    m_lastSelection.clear();
     for (const QString &path : applicationObject().call(u"Selection"_s).value(0).toStringList())
-        messages.append(Message(*this, path));
-    return messages;
+        m_lastSelection.append(Message(*this, path));
+    return m_lastSelection;
 }
 
 ScriptingClass MailApplication::classForScriptingClass(const QString &name)
@@ -120,9 +120,11 @@ QVariantList MailApplication::accountsForScript()
 
 QVariantList MailApplication::selectionForScript()
 {
+    if (!m_heldSelection.isEmpty())
+        m_lastError.reset(); // as after an event that succeeded
     QVariantList list;
-    for (const Message &message : selection())
-        list.append(QVariant::fromValue(message));
+    for (const Message &message : m_heldSelection.isEmpty() ? selection() : m_heldSelection)
+        list.append(QVariant::fromValue(Message(*this, message.path())));
     return list;
 }
 

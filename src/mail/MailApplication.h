@@ -84,6 +84,13 @@ public:
     /// The selected messages in the mail application's order.
     QList<Message> selection();
 
+    /// As it was when it was last asked for.
+    const QList<Message> &lastSelection() const { return m_lastSelection; }
+
+    /// Until it is called with an empty list, the script's `selection` gives
+    /// these messages, whatever is selected meanwhile, and no event is sent.
+    void holdSelection(const QList<Message> &messages) { m_heldSelection = messages; }
+
     OutgoingMessageCollection outgoingMessages() const { return {}; }
 
     /// "outgoing message", "attachment", "to recipient", "cc recipient" or "bcc
@@ -118,6 +125,8 @@ private:
     MailTransport &m_transport;
     MailApplicationDelegate *m_delegate = nullptr;
     std::optional<Error> m_lastError;
+    QList<Message> m_lastSelection;
+    QList<Message> m_heldSelection;
 };
 
 } // namespace kest

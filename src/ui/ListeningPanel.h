@@ -53,6 +53,9 @@ public:
     /// send.
     bool isDiscarded() const { return m_state == State::Discarded; }
 
+    /// True once a message has taken it.
+    bool isUsed() const { return m_used; }
+
     /// A command is running that may want the recording.
     void setBusy(bool busy);
 

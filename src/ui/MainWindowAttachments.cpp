@@ -40,9 +40,17 @@ void MainWindowController::removeAttachmentMenuSelection()
     chooseAttachment(QString(), m_attachmentsMenuImage);
 }
 
+void MainWindowController::setAttachmentName(const QString &name)
+{
+    const bool wasChosen = messageChosen();
+    m_attachmentName = name;
+    if (wasChosen != messageChosen())
+        Q_EMIT messageChosenChanged(messageChosen());
+}
+
 void MainWindowController::chooseAttachment(const QString &name, const QString &image)
 {
-    m_attachmentName = name;
+    setAttachmentName(name);
     attachmentsMenu()->setImage(iconNamed(image));
     attachmentPopUp()->update();
     if (!name.isNull() && !m_recordingActive)

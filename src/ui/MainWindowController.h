@@ -53,6 +53,7 @@ class MainWindowController : public QObject
     Q_PROPERTY(double expandedHeight READ expandedHeight WRITE setExpandedHeight)
     Q_PROPERTY(double minHeight READ minHeight WRITE setMinHeight)
     Q_PROPERTY(QString attachmentName READ attachmentName WRITE setAttachmentName)
+    Q_PROPERTY(bool messageChosen READ messageChosen NOTIFY messageChosenChanged)
     Q_PROPERTY(QString attachmentsMenuImage READ attachmentsMenuImage WRITE setAttachmentsMenuImage)
     Q_PROPERTY(QString attachmentsMenuImageChosen READ attachmentsMenuImageChosen WRITE setAttachmentsMenuImageChosen)
     Q_PROPERTY(QString recordingTime READ recordingTime WRITE setRecordingTime NOTIFY recordingTimeChanged)
@@ -104,7 +105,11 @@ public:
 
     /// The chosen prepared message's file name as it is stored; null: none.
     const QString &attachmentName() const { return m_attachmentName; }
-    void setAttachmentName(const QString &name) { m_attachmentName = name; }
+    void setAttachmentName(const QString &name);
+
+    /// Whether a prepared message is chosen, which can be sent until it is used
+    /// or withdrawn.
+    bool messageChosen() const { return !m_attachmentName.isNull(); }
 
     const QString &attachmentsMenuImage() const { return m_attachmentsMenuImage; }
     void setAttachmentsMenuImage(const QString &name) { m_attachmentsMenuImage = name; }
@@ -194,6 +199,7 @@ Q_SIGNALS:
     void canReplyOrComposeChanged(bool can);
     void recordingTimeChanged(const QString &time);
     void busyChanged(bool busy);
+    void messageChosenChanged(bool chosen);
 
     /// The window was closed: the application is to end.
     void terminateRequested();

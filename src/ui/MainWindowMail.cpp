@@ -177,7 +177,8 @@ void MainWindowController::createMessage(const ComposeSettings &settings, const 
 
 std::optional<FileURL> MainWindowController::recordingFile() const
 {
-    const bool there = m_audioRecorder && !m_listening->isDiscarded();
+    // A used one is still the recorder's where the next could not begin; nobody means it any more.
+    const bool there = m_audioRecorder && !m_listening->isDiscarded() && !m_listening->isUsed();
     const AudioFileRecorder *recorder = there ? m_audioRecorder->recorder() : nullptr;
     return recorder ? std::optional(recorder->url()) : std::nullopt;
 }

@@ -5,9 +5,13 @@
 #include "app/SettingsTable.h"
 #include "app/UserDefaults.h"
 #include "mail/MessageDraft.h"
+#include "platform/AlertPresenter.h"
 #include "platform/FolderContents.h"
 #include "ui/ListeningPanel.h"
 #include "ui/RecordingName.h"
+
+#include <QPointer>
+#include <QScopeGuard>
 
 #include <stdexcept>
 
@@ -49,9 +53,18 @@ void MainWindowController::mailReplyToSelectedMessagesReplyingToAll(bool replyin
     // Both checks are the other back end's, also where the script makes the reply.
     if (!m_mailController->mailVerifyAccountExists() || !m_mailController->mailVerifySelectedMessagesExist())
         return;
+    // The recording may take a while to be finished, and the person goes on in the mail application meanwhile.
+    if (m_mailASObject)
+        m_mailASObject->holdSelection(m_mailController->mailApp()->lastSelection());
+    const auto released = qScopeGuard([script = QPointer(m_mailASObject)] {
+        if (script)
+            script->holdSelection({});
+    });
     try {
         reply(ReplySettings::read(m_dependencies.userDefaults, replyingToAll));
     } catch (const std::exception &) {
+        if (const auto &failure = m_mailController->mailApp()->lastError())
+            m_dependencies.alertPresenter.runModal(AlertContent::fromError(*failure));
         m_notices.tell(NoticePlace::Subject::Hint, tr("The reply could not be made. Please try again."));
         throw;
     }

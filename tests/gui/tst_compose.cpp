@@ -77,6 +77,18 @@ private Q_SLOTS:
         QVERIFY(m_house->isEnabled(QStringLiteral("Record")));
     }
 
+    void aUsedRecordingIsNotSentAgainWhereTheNextCouldNotBegin()
+    {
+        record();
+        m_house->click(newMessage);
+        QCOMPARE(attached(), recording());
+        m_house->mail.calls.clear();
+        m_house->delegate.recordings.reset();
+        m_house->click(QStringLiteral("Record"));
+        m_house->click(newMessage);
+        QVERIFY(!m_house->mail.members().contains(insertAttachment));
+    }
+
     void composeWhileRecordingStopsFirst()
     {
         record();

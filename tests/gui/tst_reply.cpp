@@ -169,6 +169,56 @@ private Q_SLOTS:
         expectUnusedRecording();
     }
 
+    void theScriptAnswersWhatWasSelectedAtThePress_data()
+    {
+        QTest::addColumn<QStringList>("selectedMeanwhile");
+        QTest::newRow("another message") << QStringList(QStringLiteral("/org/kest/Mail1/message/9"));
+        QTest::newRow("none") << QStringList();
+    }
+
+    void theScriptAnswersWhatWasSelectedAtThePress()
+    {
+        QFETCH(QStringList, selectedMeanwhile);
+        set(SettingsKeys::useASClass, true);
+        set(SettingsKeys::bIncudeReplyToInName, true);
+        mail().answers[QStringLiteral("Features")] = QStringList{reply};
+        int asked = 0;
+        mail().whileBusy = [&](const MailCall &call) {
+            if (call.member == selection && ++asked == 2)
+                mail().answers[selection] = selectedMeanwhile;
+        };
+        recordAndStop();
+        m_house->click(reply);
+        QCOMPARE(mail().argumentsOf(reply).value(0).toString(), lastMessage);
+        QVERIFY(m_house->alerts.shown.isEmpty());
+    }
+
+    void theNextReplyAsksAnewWhatIsSelected()
+    {
+        set(SettingsKeys::useASClass, true);
+        mail().answers[QStringLiteral("Features")] = QStringList{reply};
+        for (const QString &message : {lastMessage, firstMessage}) {
+            mail().answers[selection] = QStringList(message);
+            recordAndStop();
+            m_house->click(reply);
+            QCOMPARE(mail().argumentsOf(reply).value(0).toString(), message);
+        }
+    }
+
+    void aPreparedMessageCanStillBeSentAfterTheAlert()
+    {
+        mail().answers[selection] = QStringList();
+        m_house->choosePrepared(QStringLiteral("a.txt"));
+        m_house->click(reply);
+        QCOMPARE(m_house->alerts.shown.size(), 1);
+        QCOMPARE(controller().attachmentName(), QStringLiteral("a.txt"));
+        QVERIFY(m_house->isEnabled(reply));
+        mail().answers[selection] = QStringList(lastMessage);
+        m_house->click(reply);
+        QCOMPARE(repliedTo(), lastMessage);
+        QVERIFY(!m_house->isEnabled(reply));
+    }
+
     void aSelectionThatEmptiesAfterTheCheckAbandonsTheCommand()
     {
         recordAndStop();
@@ -180,6 +230,18 @@ private Q_SLOTS:
         QVERIFY_THROWS_EXCEPTION(std::out_of_range, controller().mailReplyToSelectedMessages());
         QCOMPARE(mail().members().last(), selection);
         QVERIFY(m_house->alerts.shown.isEmpty());
+        QCOMPARE(m_house->notice(), QStringLiteral("The reply could not be made. Please try again."));
+        expectUnusedRecording();
+    }
+
+    void whyNoReplyCouldBeMadeIsTold()
+    {
+        mail().failures[reply] = {QStringLiteral("mail"), 7, QStringLiteral("This reply must be encrypted."), QString()};
+        mail().answers.remove(QStringLiteral("Content"));
+        recordAndStop();
+        QVERIFY_THROWS_EXCEPTION(std::invalid_argument, controller().mailReplyToSelectedMessages());
+        QCOMPARE(m_house->alerts.shown.size(), 1);
+        QCOMPARE(m_house->alerts.shown.first().messageText, QStringLiteral("This reply must be encrypted."));
         QCOMPARE(m_house->notice(), QStringLiteral("The reply could not be made. Please try again."));
         expectUnusedRecording();
     }

@@ -117,6 +117,27 @@ private Q_SLOTS:
         QVERIFY(elapsed.elapsed() < 2000);
     }
 
+    // Numbers of messages are given anew by each run: what was meant might be another mail.
+    void aCallAboutAMessageOfARunThatEndedStartsNoOther()
+    {
+        const QString started = qEnvironmentVariable("HOME") + u"/started anew"_s;
+        const QString starter = m_installed->script(
+            u"mark"_s, "echo > '" + started.toUtf8() + "'\nexec '" + test::FakeMail::program().toUtf8() + "' Fake\n");
+        m_installed->install(u"test-mail.desktop"_s, u"\""_s + starter + u"\""_s);
+        m_installed->makeDefault(u"test-mail.desktop"_s);
+        const QString message = u"/org/kest/Mail1/message/1"_s;
+        DBusMailTransport transport;
+        const MailReply deleted = transport.call({message, u"org.kest.Mail1.Message"_s, u"Delete"_s, MailCall::Kind::Method, {}});
+        QCOMPARE(codeOf(deleted), MailErrorCode::Vanished);
+        const MailReply answered = transport.call(
+            {u"/org/kest/Mail1"_s, u"org.kest.Mail1.Application"_s, u"Reply"_s, MailCall::Kind::Method,
+             {message, u"text"_s, QString(), false, true, true, quint64(0), QVariantList()}});
+        QCOMPARE(codeOf(answered), MailErrorCode::Vanished);
+        QVERIFY(!QFile::exists(started));
+        QVERIFY(!transport.call(accounts).error);
+        QVERIFY(QFile::exists(started));
+    }
+
     void runningMailApplicationIsUsedWithoutStartingAnother()
     {
         const QString started = qEnvironmentVariable("HOME") + u"/started"_s;

@@ -131,6 +131,36 @@ private Q_SLOTS:
         QVERIFY(!reply.error->description.isEmpty());
     }
 
+    void aMailThatMayBeSentAllTheSameIsSaidToBe_data()
+    {
+        QTest::addColumn<QString>("member");
+        QTest::addColumn<QString>("fault");
+        QTest::addColumn<bool>("inDoubt");
+        QTest::newRow("send, late") << u"Send"_s << u"TimedOut"_s << true;
+        QTest::newRow("send, refused") << u"Send"_s << u"Failed"_s << false;
+        QTest::newRow("subject, late") << u"Subject"_s << u"TimedOut"_s << false;
+    }
+    void aMailThatMayBeSentAllTheSameIsSaidToBe()
+    {
+        QFETCH(QString, member);
+        QFETCH(QString, fault);
+        const QString path = m_transport->call(applicationCall(u"MakeOutgoingMessage"_s, {u"a"_s, u"b"_s})).values[0].toString();
+        m_fake.at(1, u"fail"_s, fault + u" It is raining."_s);
+        const auto kind = member == u"Send" ? MailCall::Kind::Method : MailCall::Kind::ReadProperty;
+        const MailReply reply = m_transport->call({path, u"org.kest.Mail1.OutgoingMessage"_s, member, kind, {}});
+        QVERIFY(reply.error);
+        QTEST(reply.error->failureReason.contains(u"sent all the same"), "inDoubt");
+    }
+
+    void oneThatVanishesWhileItSendsLeavesDoubt()
+    {
+        const QString path = m_transport->call(applicationCall(u"MakeOutgoingMessage"_s, {u"a"_s, u"b"_s})).values[0].toString();
+        m_fake.at(1, u"vanish"_s);
+        const MailReply reply = m_transport->call({path, u"org.kest.Mail1.OutgoingMessage"_s, u"Send"_s, MailCall::Kind::Method, {}});
+        QCOMPARE(codeOf(reply), MailErrorCode::Vanished);
+        QVERIFY(reply.error->failureReason.contains(u"sent all the same"));
+    }
+
     void nonsenseForAnAnswerIsAnError()
     {
         m_fake.at(1, u"garble"_s);

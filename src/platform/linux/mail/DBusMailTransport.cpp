@@ -48,6 +48,18 @@ QDBusMessage busMessage(const QString &service, const MailCall &call, const QVar
     return message;
 }
 
+/// Whether it makes or sends a mail, which goes on in a mail application that does not answer in time.
+bool isMakingMail(const MailCall &call)
+{
+    return call.member == u"Send" || call.member == u"NewMessage" || (call.member == u"Reply" && call.objectPath == applicationPath);
+}
+
+/// Whether it is about an object, which no later run of the mail application has.
+bool isAboutObject(const MailCall &call)
+{
+    return call.objectPath != applicationPath || call.member == u"Reply";
+}
+
 } // namespace
 
 DBusMailTransport::DBusMailTransport(QObject *parent)
@@ -108,7 +120,7 @@ MailReply DBusMailTransport::carryOut(const MailCall &call)
         return {{}, error};
     const auto answer = delivered(call, *arguments, &error);
     if (!answer)
-        return {{}, error};
+        return {{}, isMakingMail(call) ? withDoubt(error) : error};
     if (call.kind == MailCall::Kind::WriteProperty)
         return {};
     const auto values = plainValues(*signature, *answer);
@@ -120,7 +132,7 @@ std::optional<QDBusMessage> DBusMailTransport::delivered(const MailCall &call, c
 {
     constexpr int attempts = 2; // the first may meet one that has just gone
     for (int attempt = 1;; ++attempt) {
-        const auto service = reachedService(error);
+        const auto service = reachedService(isAboutObject(call), error);
         if (!service)
             return std::nullopt;
         Error failure;
@@ -137,13 +149,19 @@ std::optional<QDBusMessage> DBusMailTransport::delivered(const MailCall &call, c
     }
 }
 
-std::optional<QString> DBusMailTransport::reachedService(Error *error)
+std::optional<QString> DBusMailTransport::reachedService(bool onlyIfRunning, Error *error)
 {
     if (!m_services.connectToBus()) {
         handBack(error, mailError(MailErrorCode::NoBus));
         return std::nullopt;
     }
-    if (!waitForNames(error) || (m_services.preferred().isEmpty() && !startMailApplication(error)))
+    if (!waitForNames(error))
+        return std::nullopt;
+    if (onlyIfRunning && m_services.preferred().isEmpty()) {
+        handBack(error, mailError(MailErrorCode::Vanished));
+        return std::nullopt;
+    }
+    if (m_services.preferred().isEmpty() && !startMailApplication(error))
         return std::nullopt;
     return m_services.preferred();
 }

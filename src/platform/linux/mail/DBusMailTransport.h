@@ -49,7 +49,7 @@ public:
 private:
     MailReply carryOut(const MailCall &call);
     std::optional<QDBusMessage> delivered(const MailCall &call, const QVariantList &arguments, Error *error);
-    std::optional<QString> reachedService(Error *error);
+    std::optional<QString> reachedService(bool onlyIfRunning, Error *error);
     bool waitForNames(Error *error);
     bool startMailApplication(Error *error);
     bool checkVersion(const QString &service, Error *error);

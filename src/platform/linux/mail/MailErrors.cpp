@@ -110,6 +110,15 @@ Error mailError(const QDBusError &error, const QElapsedTimer &waited, std::chron
     return mailError(code, error.message());
 }
 
+Error withDoubt(Error error)
+{
+    const auto is = [&](MailErrorCode code) { return error.code == static_cast<int>(code); };
+    if (error.domain == mailErrorDomain && (is(MailErrorCode::TimedOut) || is(MailErrorCode::Vanished)))
+        error.failureReason = localized(QT_TRANSLATE_NOOP(
+            "kest", "The message may be there or be sent all the same. Look in the mail application before you try again."));
+    return error;
+}
+
 bool concernsAllCalls(const Error &error)
 {
     if (error.domain != mailErrorDomain)

@@ -39,6 +39,10 @@ Error mailError(MailErrorCode code, const QString &reason = {});
 /// tells an answer's time limit that passed from an application that went away.
 Error mailError(const QDBusError &error, const QElapsedTimer &waited, std::chrono::milliseconds limit);
 
+/// The failure of a call that makes or sends a mail: where that may have been
+/// done, or may be done yet, its reason says so.
+Error withDoubt(Error error);
+
 /// True when every other call would fail in the same way.
 bool concernsAllCalls(const Error &error);
 

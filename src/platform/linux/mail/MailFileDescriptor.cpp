@@ -1,12 +1,16 @@
 #include "platform/linux/mail/MailFileDescriptor.h"
 
+#include "platform/BoundedLookUps.h"
+#include "platform/FileDescriptor.h"
+
 #include <QCoreApplication>
 #include <QDBusMetaType>
 
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
+#include <memory>
 #include <sys/stat.h>
-#include <unistd.h>
 
 namespace kest {
 
@@ -32,25 +36,39 @@ void registerNamedDescriptor()
     qDBusRegisterMetaType<QList<NamedDescriptor>>();
 }
 
-std::optional<QDBusUnixFileDescriptor> openedForHandOver(const FileURL &file, Error *error)
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto longestWait = 5s; // a file server that does not answer within that long is not there
+
+using Opened = BoundedLookUps::Outcome<std::shared_ptr<QDBusUnixFileDescriptor>>;
+
+Opened openRegularFile(const QByteArray &path)
 {
     // Not blocking, because the name may be a pipe's by now; not following, because it may be a link's to a file that
     // nobody chose.
-    const int descriptor =
-        ::open(file.nativePath().constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW);
+    const FileDescriptor file(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY | O_NOFOLLOW));
     struct stat status = {};
-    int problem = descriptor < 0 || ::fstat(descriptor, &status) != 0 ? errno : 0;
-    if (problem == 0 && !S_ISREG(status.st_mode))
-        problem = S_ISDIR(status.st_mode) ? EISDIR : EINVAL;
-    std::optional<QDBusUnixFileDescriptor> opened;
-    if (problem == 0)
-        opened.emplace(descriptor);
-    else
-        handBack(error, posixError(problem, QCoreApplication::translate("kest", "The file “%1” cannot be attached")
-                                                .arg(QString::fromUtf8(file.nativeLastPathComponent()))));
-    if (descriptor >= 0)
-        ::close(descriptor); // the wrapper holds a duplicate
-    return opened;
+    if (!file.isOpen() || ::fstat(file.get(), &status) != 0)
+        return {{}, errno};
+    if (!S_ISREG(status.st_mode))
+        return {{}, S_ISDIR(status.st_mode) ? EISDIR : EINVAL};
+    return {std::make_shared<QDBusUnixFileDescriptor>(file.get()), 0}; // with a duplicate of its own
+}
+
+} // namespace
+
+std::optional<QDBusUnixFileDescriptor> openedForHandOver(const FileURL &file, Error *error)
+{
+    static BoundedLookUps lookUps(longestWait);
+    const QByteArray path = file.nativePath();
+    const Opened opened = lookUps.run(path, [path] { return openRegularFile(path); });
+    if (opened.value)
+        return **opened.value;
+    handBack(error, posixError(opened.errorNumber, QCoreApplication::translate("kest", "The file “%1” cannot be attached")
+                                                       .arg(QString::fromUtf8(file.nativeLastPathComponent()))));
+    return std::nullopt;
 }
 
 } // namespace kest

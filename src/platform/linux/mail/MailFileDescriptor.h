@@ -24,7 +24,8 @@ const QDBusArgument &operator>>(const QDBusArgument &argument, NamedDescriptor &
 void registerNamedDescriptor();
 
 /// The file, opened for reading from its start. Nothing when it cannot be
-/// opened or is no regular file; then `error` says why, with the file's name.
+/// opened, is no regular file, or does not answer within five seconds; then
+/// `error` says why, with the file's name. Main thread.
 std::optional<QDBusUnixFileDescriptor> openedForHandOver(const FileURL &file, Error *error);
 
 } // namespace kest
