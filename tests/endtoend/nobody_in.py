@@ -3,6 +3,7 @@
 
 import os
 import sys
+import time
 import unittest
 from pathlib import Path
 
@@ -25,6 +26,7 @@ import dbus  # noqa: E402
 BUILD = Path(os.environ["KEST_BUILD_DIR"])
 MARKER = "Zaubernuss"
 DESKTOP = "org.freedesktop.Application"
+LATER = 3  # Seconds after which nothing comes any more of what was asked for.
 
 
 class NobodyIn(unittest.TestCase):
@@ -62,6 +64,8 @@ class NobodyIn(unittest.TestCase):
                                                       arguments, timeout=30)
 
     def assertNothingDone(self):
+        """Now, and later."""
+        time.sleep(LATER)
         self.assertEqual(self.kest.time_text(), "--:--")
         self.assertEqual(self.kest.recordings(), [])
         self.assertEqual(self.thunderbird.windows("Write: "), [])
@@ -110,6 +114,7 @@ class NobodyIn(unittest.TestCase):
         before = self.thunderbird.windows("Write: ")
         recordings = self.kest.recordings()
         self.press_while_hidden()
+        time.sleep(LATER)
         self.assertEqual(self.thunderbird.windows("Write: "), before)
         self.assertEqual(self.kest.recordings(), recordings)
         self.assertEqual(list(self.mail_server.outbox.glob("*.eml")), [])
