@@ -4,7 +4,7 @@
     bench/idle.py [--seconds N] [--build FOLDER]
 
 A wake-up is a voluntary context switch of any of its threads. Kest hides because another application is in front. Its
-two in a minute, shown and hidden, are the look at the microphone's name every 30 s.
+two in a minute while it is shown are the look at the microphone's name every 30 s.
 """
 
 import argparse

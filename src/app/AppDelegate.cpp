@@ -45,7 +45,7 @@ AppDelegate::AppDelegate(Platform &platform, UserDefaults &defaults, AlertPresen
     : QObject(parent), m_platform(platform), m_defaults(defaults), m_alerts(alerts),
       m_folders(defaults, *platform.bookmarkStore),
       m_oldRecordings(m_folders, defaults, *platform.folderContents, *platform.trash),
-      m_inputMonitor(*platform.audioHardware, inputNameField())
+      m_inputMonitor(*platform.audioHardware, inputNameField()), m_inputNameTimer(new QTimer(this))
 {
     connect(&m_defaults, &UserDefaults::troubleOccurred, this,
             [this](const QString &message) { m_settingsTroubles.append(message); });
@@ -70,9 +70,9 @@ void AppDelegate::applicationDidFinishLaunching()
     // Through the loop's own net: a device's odd name must not keep the rest from starting.
     QTimer::singleShot(firstNameDelay, this, [this] { showInputName(firstNameRetry); });
     connect(m_platform.workspace.get(), &Workspace::applicationActivated, this, &AppDelegate::appWasActivated);
-    auto *timer = new QTimer(this);
-    connect(timer, &QTimer::timeout, this, &AppDelegate::timeToUpdateInputName);
-    timer->start(inputNameInterval);
+    connect(m_inputNameTimer, &QTimer::timeout, this, &AppDelegate::timeToUpdateInputName);
+    m_inputNameTimer->start(inputNameInterval);
+    m_winController->window()->installEventFilter(this);
     QTimer::singleShot(preloadDelay, this, [this] {
         m_platform.recorderFactory->preload();
         offerStatusItem();
@@ -232,6 +232,17 @@ void AppDelegate::showInputName(int retryAfter)
             showInputName(2 * retryAfter);
     });
     updateInputName(); // may throw, so it comes last
+}
+
+bool AppDelegate::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Hide) {
+        m_inputNameTimer->stop();
+    } else if (event->type() == QEvent::Show && !m_inputNameTimer->isActive()) {
+        m_inputNameTimer->start();
+        QTimer::singleShot(0, this, &AppDelegate::timeToUpdateInputName);
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void AppDelegate::timeToUpdateInputName()

@@ -9,6 +9,8 @@
 
 #include <memory>
 
+class QTimer;
+
 namespace kest {
 
 class AlertPresenter;
@@ -86,6 +88,9 @@ public:
 
     static constexpr int inputNameInterval = 30'000; ///< ms
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 Q_SIGNALS:
     /// The application is asked to end.
     void terminateRequested();
@@ -108,6 +113,7 @@ private:
     FolderBookmarks m_folders;
     OldRecordings m_oldRecordings;
     InputDeviceMonitor m_inputMonitor;
+    QTimer *m_inputNameTimer; // runs while there is a window to see the name in
     QStringList m_settingsTroubles; // told before there was a window
     QStringList m_toldWarnings;     // since the window was hidden
     std::unique_ptr<MainWindowController> m_winController;

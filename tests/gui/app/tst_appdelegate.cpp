@@ -183,6 +183,20 @@ private Q_SLOTS:
         QCOMPARE(m_house->inputName(), QStringLiteral("UH"));
     }
 
+    void aHiddenWindowRefreshesNothingAndIsUpToDateWhenItComesBack()
+    {
+        m_house->launch();
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("BM"));
+        QTimer &timer = inputNameTimer();
+        m_house->workspace().activate(QStringLiteral("XTerm"));
+        QVERIFY(!timer.isActive());
+        m_house->hardware().name = QStringLiteral("USB Headset");
+        m_house->delegate->activate(); // without a word of the desktop's that it is in front
+        QTRY_COMPARE(m_house->inputName(), QStringLiteral("UH"));
+        QVERIFY(timer.isActive());
+        QCOMPARE(timer.interval(), 30000);
+    }
+
     void theWindowStaysWhileTheSheetIsShowing()
     {
         m_house->launch();
