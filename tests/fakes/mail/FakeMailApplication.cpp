@@ -123,6 +123,14 @@ bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBus
         QTimer::singleShot(trouble.detail.toInt(), this, [this, answer] { m_bus.send(answer); });
         return true;
     }
+    if (trouble.action == u"progress") {
+        for (int step = 1; step < 10; ++step)
+            QTimer::singleShot(step * trouble.detail.toInt() / 10, this, [this, step] {
+                emitSignal(u"HandOverProgressed"_s, {quint64(step), quint64(10)});
+            });
+        QTimer::singleShot(trouble.detail.toInt(), this, [this, answer] { m_bus.send(answer); });
+        return true;
+    }
     connection.send(answer);
     if (trouble.action == u"vanish-after")
         QTimer::singleShot(50, this, [] { std::_Exit(0); }); // when the bus has the answer

@@ -216,6 +216,14 @@ private Q_SLOTS:
         QVERIFY(!transport.call(applicationCall(u"Accounts"_s)).error);
     }
 
+    void aHandOverThatMovesOnDoesNotRunOutOfTime()
+    {
+        DBusMailTransport transport({.answer = 600ms});
+        m_fake.at(1, u"progress"_s, u"1500"_s);
+        const MailReply reply = transport.call(applicationCall(u"Accounts"_s));
+        QVERIFY2(!reply.error, qPrintable(reply.error.value_or(Error()).description));
+    }
+
     void afterACallThatWasNotAnsweredInTimeTheNextWaitsForLess()
     {
         DBusMailTransport transport({.answer = 60s, .answerAgain = 100ms});

@@ -24,7 +24,7 @@ WHOLE_REPLY = "Application.Reply"
 
 # What happens at the call: (the fake's action, its detail).
 FAULTS = {
-    "mail application killed": ("fail", "NotConnected Thunderbird has gone."),
+    "mail application gone, by its host's word": ("fail", "NotConnected Thunderbird has gone."),
     "host killed before it did it": ("vanish", ""),
     "host killed once it had done it": ("vanish-unanswered", ""),
     "answer past the limit": ("delay", "900"),
@@ -175,6 +175,7 @@ def run(context, runs):
     return whole
 
 
-ROWS = [Row("mail", "mail application killed, host killed, bus killed and started again, answers late or missing, at each call of New "
+ROWS = [Row("mail", "mail application gone, host killed, bus killed and started again, answers late or missing, at each call of New "
             "Message and Reply (sent at once or shown, original deleted) on both back ends", "no press longer than the limit and 2 s, no "
-            "take lost, nothing sent twice, no original deleted without the word that it was sent; the next press works", 0, 20, run)]
+            "take lost, nothing sent twice, no original deleted without the word that the reply was sent, or stands there; the next "
+            "press works", 0, 20, run)]

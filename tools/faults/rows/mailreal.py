@@ -252,4 +252,4 @@ def run(context, runs):
 ROWS = [Row("mail-real", "on a real Thunderbird: it or the host or the bus killed before a call is done or once it was, Thunderbird "
             "stopped past the limit, the answer lost; at each call of New Message and Reply (sent at once or shown, original "
             "deleted) on both back ends", "no press longer than twice the limit and 5 s, no take lost, nothing sent twice, no original "
-            "deleted without the word that it was sent; the next press works", 0, 1, run)]
+            "deleted without the word that the reply was sent, or stands there; the next press works", 0, 1, run)]

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <limits>
 
 namespace kest {
 
@@ -22,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr uint protocolVersion = 1;
+constexpr int withoutLimit = std::numeric_limits<int>::max(); // of the bus library's own
 
 const QString applicationPath = QStringLiteral("/org/kest/Mail1");
 const QString applicationInterface = QStringLiteral("org.kest.Mail1.Application");
@@ -230,14 +232,21 @@ bool DBusMailTransport::checkVersion(const QString &service, Error *error)
 std::optional<QDBusMessage> DBusMailTransport::answerTo(const QDBusMessage &message, Error *error)
 {
     const auto limit = m_lastAnswerWasLate ? std::min(m_limits.answerAgain, m_limits.answer) : m_limits.answer;
-    QElapsedTimer elapsed;
-    elapsed.start();
-    QDBusPendingCallWatcher watcher(m_services.bus().asyncCall(message, static_cast<int>(limit.count())));
+    QDBusPendingCallWatcher watcher(m_services.bus().asyncCall(message, withoutLimit));
     QEventLoop loop;
     connect(&watcher, &QDBusPendingCallWatcher::finished, &loop, &QEventLoop::quit);
+    QTimer clock;
+    clock.setSingleShot(true);
+    clock.callOnTimeout(&loop, &QEventLoop::quit);
+    clock.start(limit);
+    QElapsedTimer elapsed;
+    elapsed.start();
+    // A large file takes its time.
+    connect(&m_services, &MailServices::handOverProgressed, &clock, [&] { clock.start(limit), elapsed.start(); });
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     if (!watcher.isFinished()) {
-        handBack(error, mailError(MailErrorCode::Ending));
+        m_lastAnswerWasLate = !clock.isActive();
+        handBack(error, mailError(m_lastAnswerWasLate ? MailErrorCode::TimedOut : MailErrorCode::Ending));
         return std::nullopt;
     }
     if (watcher.isError()) {

@@ -22,7 +22,7 @@ class DBusMailTransport : public MailTransport
 
 public:
     struct Limits {
-        std::chrono::milliseconds answer{120'000}; ///< For one call.
+        std::chrono::milliseconds answer{120'000}; ///< For one call, since a file that it hands over last moved on.
         std::chrono::milliseconds start{30'000};   ///< For a mail application to come up.
         /// The same, when the start before has come to nothing.
         std::chrono::milliseconds startAgain{5'000};
