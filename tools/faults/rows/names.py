@@ -60,14 +60,15 @@ def comparable(name):
 
 
 def is_name(arrived, name):
-    """Whether it is the file's, with U+FFFD for what is no UTF-8; where it got too long by that, cut in front of its extension."""
+    """Whether it is the file's, with U+FFFD for what is no UTF-8; where it got too long by that, cut at its end, or in
+    front of its extension."""
     whole = name.decode(errors="replace")
     if is_utf8(name) or comparable(arrived) == comparable(whole):
         return arrived == whole or not is_utf8(name)
     stem, dot, extension = arrived.rpartition(".")
-    cut = comparable(stem if dot else arrived)
-    longest = MOST_BYTES - 4 < len(arrived.encode()) <= MOST_BYTES
-    return longest and comparable(whole).startswith(cut) and (not dot or comparable(whole).endswith(comparable(dot + extension)))
+    cuts = [(arrived, ""), (stem, dot + extension)]
+    return MOST_BYTES - 4 < len(arrived.encode()) <= MOST_BYTES and any(
+        comparable(whole).startswith(comparable(begin)) and comparable(whole).endswith(comparable(end)) for begin, end in cuts)
 
 
 def broken_name(chance):
