@@ -7,7 +7,8 @@ All record the same virtual microphone of one private PulseAudio, in turn, on on
 gnome-sound-recorder are pressed in their windows; for ffmpeg and GStreamer, the press is their start.
 
 The start: a tone sounds some time after the press. From there to the tone is longer in the file of a reader that records
-all the time than in the program's own; the difference is what the program missed. The reader hands over every 20 ms, so
+all the time than in the program's own; the difference is what the program missed: the time from the press to the first sample
+in its file. The reader hands over every 20 ms, so
 that a figure may be up to that much too large.
 """
 

@@ -67,15 +67,17 @@ class CommandRecorder(Recorder):
 class Ffmpeg(CommandRecorder):
     name = "ffmpeg -f pulse"
     program = "ffmpeg"
+    capture = ()
     coding = ("-b:a", "66k")
 
     def command(self):
-        return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", "-i", "default", "-ac", "1", "-ar", "44100",
+        return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", *self.capture, "-i", "default", "-ac", "1", "-ar", "44100",
                 "-c:a", "aac", *self.coding, self.path]
 
 
 class FfmpegLikeKest(Ffmpeg):
-    name = "ffmpeg -f pulse, told to encode as Kest does"
+    name = "ffmpeg -f pulse, told to capture and encode as Kest does"
+    capture = ("-sample_rate", "44100", "-channels", "1")
     coding = (*Ffmpeg.coding, "-aac_coder", "fast", "-cutoff", "15000")
 
 
@@ -96,10 +98,13 @@ class GStreamer(CommandRecorder):
 
 
 class GnomeSoundRecorder(Recorder):
+    """On a virtual display OpenGL is drawn by the processor, which costs it more than a graphics card would."""
+
     name = "gnome-sound-recorder"
+    environment = {}
 
     def open(self):
-        self.process = self.sandbox.start(self.name, [self.name])
+        self.process = self.sandbox.start("gnome-sound-recorder", ["gnome-sound-recorder"], env=self.environment)
         self.window = wait_until(self._find, "its window", 60, every=0.1)
         self.sandbox.run(["xdotool", "windowactivate", "--sync", self.window])
         time.sleep(3)
@@ -121,6 +126,11 @@ class GnomeSoundRecorder(Recorder):
     def path(self):
         folder = Path(self.sandbox.env["XDG_DATA_HOME"]) / "org.gnome.SoundRecorder"
         return max(folder.iterdir(), key=lambda path: path.stat().st_mtime)
+
+
+class GnomeSoundRecorderWithoutOpenGL(GnomeSoundRecorder):
+    name = "gnome-sound-recorder, drawn without OpenGL"
+    environment = {"GSK_RENDERER": "cairo"}
 
 
 class Kest(Recorder):
@@ -155,4 +165,4 @@ class Kest(Recorder):
         return max(self.kest.recordings(), key=lambda path: path.stat().st_mtime)
 
 
-ALL = (Kest, Ffmpeg, FfmpegLikeKest, FfmpegAsItComes, GStreamer, GnomeSoundRecorder)
+ALL = (Kest, Ffmpeg, FfmpegLikeKest, FfmpegAsItComes, GStreamer, GnomeSoundRecorder, GnomeSoundRecorderWithoutOpenGL)

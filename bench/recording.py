@@ -4,7 +4,7 @@
     bench/recording.py [--runs N] [--hour] [--preset PRESET]
 
 On a private PulseAudio and a private PipeWire with a virtual microphone. Processor time and memory stand beside those
-of `ffmpeg -f pulse`, which records the same microphone with the same encoder at the same time of day. `--hour` also
+of `ffmpeg -f pulse`, which records the same microphone with the same encoder in turn; medians of five takes. `--hour` also
 records an hour, which PulseAudio's virtual microphone speaks in six minutes.
 """
 
@@ -25,6 +25,7 @@ from services.bus import SessionBus  # noqa: E402
 from services.sound import SoundServer  # noqa: E402
 
 TAKE = 10  # seconds
+TAKES = 5  # in turn with the peer
 
 
 def build(preset):
@@ -61,7 +62,13 @@ def spread(runs, key):
     return f"{statistics.median(values):.1f} (worst {max(values):.1f})"
 
 
-def report(kind, calls, take, peer):
+def median(runs, key):
+    return statistics.median(run[key] for run in runs)
+
+
+def report(kind, calls, takes, peers):
+    take = {key: median(takes, key) for key in takes[0]}
+    peer = [statistics.median(figures) for figures in zip(*peers)]
     print(f"\n## {kind}\n\n| | Kest |\n|---|---|")
     for state in ("cold", "warm"):
         print(f"| prepareToRecord and record, {state}, ms | {spread(calls[state], 'calls ms')} |")
@@ -89,11 +96,15 @@ def main():
             SessionBus(sandbox)
             server = SoundServer(sandbox, kind)
             calls = json.loads(sandbox.run([program, "call", options.runs], seconds=300))
-            babble(sandbox, server.microphone)
-            take = json.loads(sandbox.run([program, "take", TAKE], seconds=60))
-            time.sleep(5)
-            babble(sandbox, server.microphone)
-            report(kind, calls, take, ffmpeg(sandbox, server))
+            takes, peers = [], []
+            for _turn in range(TAKES):
+                babble(sandbox, server.microphone)
+                takes.append(json.loads(sandbox.run([program, "take", TAKE], seconds=60)))
+                time.sleep(5)
+                babble(sandbox, server.microphone)
+                peers.append(ffmpeg(sandbox, server))
+                time.sleep(5)
+            report(kind, calls, takes, peers)
             if options.hour and kind == "pulseaudio":
                 hour = json.loads(sandbox.run([program, "hour"], seconds=900))
                 print(f"\nOne hour: stop to finished file {hour['finished ms']:.0f} ms, {hour['megabytes']:.1f} MB, "
