@@ -24,7 +24,31 @@ private Q_SLOTS:
     void fileLastsExactlyTheCapturedSamples();
     void whoListensLateIsToldThatItHasBegun();
     void anEndWhenItWasAboutToConnectIsInOrder();
+    void aProgramThatStandsStillWhereNothingWasToBeReadLosesNothing();
 };
+
+namespace {
+
+/// Holds the thread up once, in the worst moment: it has just seen that nothing is there to be read.
+class Standstill : public PulseReader
+{
+public:
+    int readingInterval() const override { return 1000; }
+    void everythingRead(MonotonicTime) override
+    {
+        if (m_isDue.exchange(false))
+            QTest::qSleep(milliseconds);
+    }
+    void setDue() { m_isDue = true; }
+    bool isDue() const { return m_isDue; }
+
+    static constexpr int milliseconds = 3000;
+
+private:
+    std::atomic<bool> m_isDue = false;
+};
+
+} // namespace
 
 void RecordingTest::fileIsAnOrdinaryAacFile()
 {
@@ -91,6 +115,27 @@ void RecordingTest::anEndWhenItWasAboutToConnectIsInOrder()
         context.reset();
     }
     QVERIFY(!connected);
+}
+
+void RecordingTest::aProgramThatStandsStillWhereNothingWasToBeReadLosesNothing()
+{
+    constexpr int patience = 15'000; // ms
+    const VirtualMicrophone microphone(sine(440, 0.5));
+    Standstill standstill;
+    const auto context = std::make_shared<PulseContext>(QStringLiteral("Kest"), PulseSoundOptions().pulsePlugin);
+    context->thread().post([&] { context->thread().addReader(&standstill); });
+    const auto session = CaptureSession::start(context);
+    session->resume();
+    QTRY_VERIFY_WITH_TIMEOUT(session->capturedSamples() > 0, patience);
+    const qint64 before = session->capturedSamples();
+    standstill.setDue();
+    QTRY_VERIFY_WITH_TIMEOUT(!standstill.isDue(), patience);
+    constexpr qint64 missed = Standstill::milliseconds * 44'100LL / 1000;
+    QTRY_VERIFY_WITH_TIMEOUT(session->hasEnded() || session->capturedSamples() > before + missed, patience);
+    QVERIFY(!session->hasEnded());
+    session->stop();
+    QTRY_VERIFY_WITH_TIMEOUT(session->hasEnded(), patience);
+    context->thread().post([&] { context->thread().removeReader(&standstill); });
 }
 
 QTEST_GUILESS_MAIN(RecordingTest)

@@ -1,7 +1,6 @@
 #include "platform/linux/sound/CaptureGate.h"
 
 #include <algorithm>
-#include <ctime>
 
 namespace kest {
 
@@ -10,13 +9,6 @@ namespace {
 constexpr qint64 nanosecondsPerSecond = 1'000'000'000;
 
 } // namespace
-
-MonotonicTime monotonicNow()
-{
-    timespec now = {};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * nanosecondsPerSecond + now.tv_nsec;
-}
 
 void CaptureGate::schedule(Action action, MonotonicTime time)
 {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QtGlobal>
+#include "platform/linux/sound/MonotonicTime.h"
 
 #include <atomic>
 #include <deque>
@@ -8,11 +8,6 @@
 #include <mutex>
 
 namespace kest {
-
-/// Nanoseconds of the system's monotonic clock.
-using MonotonicTime = qint64;
-
-MonotonicTime monotonicNow();
 
 /// Decides which of the captured samples belong to the recording.
 ///

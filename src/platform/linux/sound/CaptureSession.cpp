@@ -154,14 +154,14 @@ int CaptureSession::readingInterval() const
     return capturedSamples() > 0 && !m_stopBy ? readingMilliseconds : 0;
 }
 
-void CaptureSession::everythingRead()
+void CaptureSession::everythingRead(MonotonicTime looked)
 {
     if (m_ring.available() > 0)
         m_samplesReady.wake();
     // Only now: after a while in which nothing ran, what was captured meanwhile is still to be read.
-    if (m_stopBy && monotonicNow() >= m_stopBy)
+    if (m_stopBy && looked >= m_stopBy)
         return end();
-    if (const auto trouble = troubleOfWaiting(monotonicNow() - m_waitingSince))
+    if (const auto trouble = troubleOfWaiting(looked - m_waitingSince))
         fail(*trouble, microphoneName());
 }
 

@@ -76,7 +76,7 @@ private:
     void sourcesChanged() override;
     void contextLost() override;
     int readingInterval() const override;
-    void everythingRead() override;
+    void everythingRead(MonotonicTime looked) override;
     void samplesCaptured(const float *samples, qsizetype count, const std::function<MonotonicTime()> &start,
                          bool clipped) override;
     void streamLost() override;

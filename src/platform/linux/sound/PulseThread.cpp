@@ -111,9 +111,10 @@ int PulseThread::poll(pollfd *descriptors, unsigned long count, int timeout) con
     if (m_readers.empty())
         return ::poll(descriptors, nfds_t(count), timeout);
     // A turn of the loop reads a piece of a message: all that is there must be read, or what comes in grows without end.
+    const MonotonicTime looked = monotonicNow();
     if (const int ready = ::poll(descriptors, nfds_t(count), 0); ready != 0)
         return ready;
-    tellEverythingRead();
+    tellEverythingRead(looked);
     const int interval = readingInterval();
     if (interval == 0)
         return ::poll(descriptors, nfds_t(count), timeout);
@@ -122,11 +123,11 @@ int PulseThread::poll(pollfd *descriptors, unsigned long count, int timeout) con
     return ::poll(descriptors, nfds_t(count), 0);
 }
 
-void PulseThread::tellEverythingRead() const
+void PulseThread::tellEverythingRead(MonotonicTime looked) const
 {
     const std::vector<PulseReader *> readers = m_readers; // one may take itself away
     for (PulseReader *reader : readers)
-        reader->everythingRead();
+        reader->everythingRead(looked);
 }
 
 int PulseThread::readingInterval() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/PluginLibrary.h"
+#include "platform/linux/sound/MonotonicTime.h"
 #include "platform/linux/sound/PulsePlugin.h"
 #include "platform/linux/sound/WakeUp.h"
 
@@ -24,9 +25,10 @@ public:
     /// all.
     virtual int readingInterval() const = 0;
 
-    /// What was there has been read. Comes after every reading, also where nothing
-    /// was there.
-    virtual void everythingRead() = 0;
+    /// At the moment `looked` nothing was left to be read. Comes after every
+    /// reading, also where nothing was there. How long ago that was nobody knows:
+    /// a machine may be too busy for a program at any point of it.
+    virtual void everythingRead(MonotonicTime looked) = 0;
 };
 
 /// The thread on which everything that concerns the sound server happens.
@@ -78,7 +80,7 @@ private:
     void run();
     bool turn(); // false when the loop is broken
     int poll(pollfd *descriptors, unsigned long count, int timeout) const;
-    void tellEverythingRead() const;
+    void tellEverythingRead(MonotonicTime looked) const;
     int readingInterval() const; // 0 without readers
     bool runTasks(); // false when there were none
 
