@@ -24,8 +24,9 @@ SETTLED = 0.2  # The share of the run after which what is allocated once is allo
 
 
 def megabytes(pid):
+    """What is its own, and its share of what it shares with the sound server and the display."""
     rollup = Path(f"/proc/{pid}/smaps_rollup").read_text()
-    return int(re.search(r"^Pss_Anon:\s+(\d+)", rollup, re.M).group(1)) / 1024
+    return sum(int(kilobytes) for kilobytes in re.findall(r"^Pss_(?:Anon|Shmem):\s+(\d+)", rollup, re.M)) / 1024
 
 
 def descriptors(pid):
