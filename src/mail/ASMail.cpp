@@ -147,7 +147,8 @@ QVariant ASMail::run(const QString &operation, const QVariantList &arguments)
 void ASMail::tell(const QString &words, const std::optional<ScriptException> &exception)
 {
     const auto [reason, line] = exception.value_or(ScriptException());
-    qCWarning(mailScript).noquote() << words << reason << "line" << line;
+    // Not the reason: an engine quotes the texts that a script stumbles over.
+    qCWarning(mailScript).noquote() << words << "line" << line;
     m_alertPresenter.runModal({words, reason, {QCoreApplication::translate("kest", "OK")}, AlertContent::Style::Warning});
 }
 

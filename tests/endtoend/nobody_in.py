@@ -33,10 +33,11 @@ SECOND_OF_SILENCE = bytes(2 * 44100)
 
 # Thunderbird's log has what add-ons tell their console.
 CONSOLE_TOO = {"devtools.console.stdout.content": True}
-FAILING_SCRIPT = 'export function mailNewMessageWithSubject() { throw new Error("no reason"); }\n'
+# What the engine says of it holds the subject.
+FAILING_SCRIPT = "export function mailNewMessageWithSubject(subject) { subject.shorten(); }\n"
 
 # What each of them logs in the course of the test.
-LOGGED = {"kest": "The mail script failed. Error: no reason", "thunderbird": "Kest's mail host does not start",
+LOGGED = {"kest": "The mail script failed. line 1", "thunderbird": "Kest's mail host does not start",
           "mailhost": "The mail application has closed the connection."}
 
 

@@ -39,7 +39,7 @@ FAULTS = {
 }
 
 # The reply is sent, and Kest is not told.
-FEW = [("script", "Reply, sent", 4, WHOLE_REPLY, "host killed once it was done")]
+FEW = [("script", "Reply, sent", 3, WHOLE_REPLY, "host killed once it was done")]
 
 
 class RealPost:
