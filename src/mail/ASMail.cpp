@@ -147,8 +147,11 @@ QVariant ASMail::run(const QString &operation, const QVariantList &arguments)
 void ASMail::tell(const QString &words, const std::optional<ScriptException> &exception)
 {
     const auto [reason, line] = exception.value_or(ScriptException());
-    // Not the reason: an engine quotes the texts that a script stumbles over.
-    qCWarning(mailScript).noquote() << words << "line" << line;
+    // An engine quotes the texts that a script stumbles over; without one the reason is the system's.
+    if (m_engine)
+        qCWarning(mailScript).noquote() << words << "line" << line;
+    else
+        qCWarning(mailScript).noquote() << words << reason;
     m_alertPresenter.runModal({words, reason, {QCoreApplication::translate("kest", "OK")}, AlertContent::Style::Warning});
 }
 
