@@ -56,6 +56,12 @@ class KestProgram:
     def control(self, name, seconds=60):
         return self.person.find(self.root, name, seconds=seconds)
 
+    def stand_aside(self):
+        """Where it covers nothing that is clicked in Thunderbird: it comes above Thunderbird whenever that is turned to."""
+        record = self.control("Record")
+        self.person.move_window(self.person.window("^Kest$"), 700, 420)
+        wait_until(lambda: self.person.place(record).y > 420, "the window to have moved")
+
     def click(self, name, seconds=60):
         self.person.click(self.control(name, seconds))
 

@@ -73,6 +73,7 @@ class NobodyIn(unittest.TestCase):
         folder.mkdir(parents=True)
         (folder / f"{MARKER} name.txt").write_text(f"{MARKER} text")
         cls.kest.start()
+        cls.kest.stand_aside()
         cls.stranger = MailBus(cls.sandbox.env["DBUS_SESSION_BUS_ADDRESS"], stranger=True)
 
     def setUp(self):

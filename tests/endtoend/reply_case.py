@@ -65,6 +65,7 @@ class ReplyCase(MailCase):
         for key, value in settings.items():
             self.kest.write_setting(key, value)
         self.kest.start()
+        self.kest.stand_aside()
         self.kest.click("Record")
         wait_until(lambda: self.kest.time_text() != "--:--", "the recording to begin")
         self.sound.microphone.play_samples(SECOND_OF_SILENCE)
