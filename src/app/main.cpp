@@ -20,6 +20,7 @@
 #include <csignal>
 #include <cstdlib>
 
+#include <malloc.h>
 #include <unistd.h>
 
 using namespace kest;
@@ -39,6 +40,16 @@ constexpr unsigned lastWait = 3; // seconds
 
 // The window is painted by then.
 constexpr int serveDelay = 100; // ms
+
+// malloc keeps what an encoder once took: in each arena, of which there would be eight for each core, and among the large
+// blocks, of which it serves ever larger ones from there once one of them was freed.
+void haveMallocGiveBack()
+{
+#ifdef M_ARENA_MAX // GNU's
+    ::mallopt(M_ARENA_MAX, 2);
+    ::mallopt(M_MMAP_THRESHOLD, 128 * 1024); // bytes: its first value, and the last
+#endif
+}
 
 QString settingsPath()
 {
@@ -117,6 +128,7 @@ int main(int argc, char **argv)
     SingleInstance instance;
     if (handedOver(instance, argc, argv))
         return EXIT_SUCCESS;
+    haveMallocGiveBack();
     ASMail::loadScriptObjects();
     preferX11();
     Application application(argc, argv);

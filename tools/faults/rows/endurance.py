@@ -26,10 +26,6 @@ MOST_GROWTH = 1.0  # Megabytes an hour of sound, and for a thousand starts and s
 MOST_WAITING = 10  # Seconds of sound between microphone and file; Kest keeps up to 188 s for an encoder that gets no processor.
 SETTLED = 0.2  # The share of the run after which what is allocated once is allocated.
 
-# Large blocks go back to the kernel as soon as they are free. Else it is chance how much malloc keeps of what an encoder took: 0.5 MB
-# more or less from one recording to the next, and 1.3 MB or more from when one first gets an arena that had none.
-GIVING_BACK = {"MALLOC_MMAP_THRESHOLD_": "65536"}
-
 
 def megabytes(pid):
     """What is its own, and its share of what it shares with the sound server and the display."""
@@ -175,7 +171,7 @@ def cycle_window(context, cycles):
     context.start_sound("pulseaudio")
     context.start_desktop()
     kest = context.start_kest()
-    kest.start(env=GIVING_BACK)
+    kest.start()
     record, stop = kest.control("Record"), kest.control("Stop")
 
     def one(number):
