@@ -13,6 +13,7 @@ LONGEST = 2.0  # seconds of a take
 KINDS = ("pulseaudio", "pipewire")
 DELAY = 1024  # samples of the coder's own at the beginning of a recording that was not finished
 MORE = 2205  # Samples that a recording may have more than the clock says were spoken: a twentieth of a second.
+FINISHING_CALLS, RECOVERING_CALLS = 9, 8  # Calls on files that each makes at least.
 MET = 0.8  # The share of the chosen calls that must have come; where one does not, the run is an ordinary kill.
 STATES = ("recording", "paused", "stopping", "finishing", "renaming", "recovering")
 
@@ -78,7 +79,7 @@ class Victim:
 
     def finishing(self):
         self.record()
-        self.die_at_a_call(12, "stop")
+        self.die_at_a_call(FINISHING_CALLS, "stop")
         self.gone_by(3)
 
     def renaming(self):
@@ -98,7 +99,7 @@ class Victim:
         self.look()
         self.recorder = self.start()
         if self.chance.random() < 0.7:
-            self.die_at_a_call(10, f"recover {self.recordings}")
+            self.die_at_a_call(RECOVERING_CALLS, f"recover {self.recordings}")
             self.gone_by(3)
         else:
             self.recorder.tell(f"recover {self.recordings}")
@@ -138,9 +139,11 @@ class Victim:
         lost = max(seconds_lost(self.spoken, self.kept or 0), seconds_lost(self.spoken, len(after or [])))
         for wrong, words in ((worth_keeping and self.kept is None, "not playable before the next start"),
                              (left, f"left over: {left}"),
-                             (len(files) > 1 or (not files and (worth_keeping or self.kept)), f"files: {[path.name for path in files]}"),
+                             (len(files) > 1 or (not files and (worth_keeping or self.kept)),
+                              f"files: {[path.name for path in files]}"),
                              (files and (after is None or not is_ordinary(files[0])), "not an ordinary file after the next start"),
-                             (after is not None and len(after) < (self.kept or 0), f"the next start has shortened it from {self.kept} to {len(after or [])}"),
+                             (after is not None and len(after) < (self.kept or 0),
+                              f"the next start has shortened it from {self.kept} to {len(after or [])}"),
                              (after is not None and len(after) > self.spoken + MORE, "longer than what was spoken"),
                              (worth_keeping and lost > MOST_LOST, f"{lost:.3f} s lost")):
             if wrong:
