@@ -71,8 +71,8 @@ class Ffmpeg(CommandRecorder):
     coding = ("-b:a", "66k")
 
     def command(self):
-        return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", *self.capture, "-i", "default", "-ac", "1", "-ar", "44100",
-                "-c:a", "aac", *self.coding, self.path]
+        return ["ffmpeg", "-v", "error", "-nostdin", "-y", "-f", "pulse", *self.capture, "-i", "default",
+                "-ac", "1", "-ar", "44100", "-c:a", "aac", *self.coding, self.path]
 
 
 class FfmpegLikeKest(Ffmpeg):
@@ -98,7 +98,7 @@ class GStreamer(CommandRecorder):
 
 
 class GnomeSoundRecorder(Recorder):
-    """On a virtual display OpenGL is drawn by the processor, which costs it more than a graphics card would."""
+    """It draws with OpenGL, which on a virtual display is the processor's work."""
 
     name = "gnome-sound-recorder"
     environment = {}

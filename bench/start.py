@@ -5,8 +5,8 @@ recorder.
     bench/start.py [--runs N]
 
 All are started in turn, on one virtual display, in one run; the table gives medians and their ratio to Kest's. Memory
-is PSS, read 3 s after the start. On a virtual display OpenGL is drawn by the processor; without it, the well-known recorder
-needs less than it would with a graphics card.
+is PSS, read 3 s after the start. On a virtual display OpenGL is the processor's work, so the well-known recorder is started
+without it, too.
 """
 
 import argparse

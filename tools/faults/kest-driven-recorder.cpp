@@ -14,6 +14,7 @@
 // captured, and how many were spoken, whether captured or still on their way.
 
 #include "platform/linux/desktop/PosixFolderContents.h"
+#include "platform/linux/sound/MonotonicTime.h"
 #include "platform/linux/sound/PulseSound.h"
 
 #include <QCoreApplication>
@@ -25,7 +26,6 @@
 #include <fcntl.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
-#include <time.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -41,16 +41,9 @@ namespace {
 constexpr AudioRecorderSettings settings = {0x61616320, 64, 1, 44100.0F};
 constexpr int plenty = 30'000; // milliseconds
 
-qint64 nanoseconds()
-{
-    timespec now = {};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * 1'000'000'000LL + now.tv_nsec;
-}
-
 void say(const QByteArray &what)
 {
-    std::printf("%lld %s\n", nanoseconds(), what.constData());
+    std::printf("%lld %s\n", monotonicNow(), what.constData());
     std::fflush(stdout);
 }
 
@@ -92,7 +85,7 @@ public:
 private:
     static constexpr qint64 never = std::numeric_limits<qint64>::max();
 
-    void count(qint64 now)
+    void count(MonotonicTime now)
     {
         const double seconds = m_recorder->currentTime();
         m_shared->captured = std::llround(seconds * 44100);
@@ -109,7 +102,7 @@ private:
             {
                 const std::lock_guard lock(m_mutex);
                 if (m_recorder)
-                    count(nanoseconds());
+                    count(monotonicNow());
             }
             usleep(1000);
         }

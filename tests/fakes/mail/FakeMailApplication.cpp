@@ -119,16 +119,13 @@ bool FakeMailApplication::handleMessage(const QDBusMessage &message, const QDBus
     const QDBusMessage answer = outcome.errorName.isEmpty()
         ? message.createReply(outcome.values)
         : message.createErrorReply(interfacePrefix + u"Error."_s + outcome.errorName, outcome.errorWords);
-    if (trouble.action == u"delay") {
-        QTimer::singleShot(trouble.detail.toInt(), this, [this, answer] { m_bus.send(answer); });
-        return true;
-    }
-    if (trouble.action == u"progress") {
-        for (int step = 1; step < 10; ++step)
-            QTimer::singleShot(step * trouble.detail.toInt() / 10, this, [this, step] {
+    if (trouble.action == u"delay" || trouble.action == u"progress") {
+        const int delay = trouble.detail.toInt();
+        for (int step = 1; step < 10 && trouble.action == u"progress"; ++step)
+            QTimer::singleShot(step * delay / 10, this, [this, step] {
                 emitSignal(u"HandOverProgressed"_s, {quint64(step), quint64(10)});
             });
-        QTimer::singleShot(trouble.detail.toInt(), this, [this, answer] { m_bus.send(answer); });
+        QTimer::singleShot(delay, this, [this, answer] { m_bus.send(answer); });
         return true;
     }
     connection.send(answer);

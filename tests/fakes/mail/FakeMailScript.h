@@ -22,7 +22,9 @@ public Q_SLOTS:
 
     /// At the call with this number from now on (the next is 1): "fail" (detail:
     /// an error's last word, a space, a sentence), "delay" (detail:
-    /// milliseconds), "progress" (the same, and tells of a file's progress meanwhile), "hang", "garble" (detail: "texts" for an array of them), "vanish" before it is done,
+    /// milliseconds), "progress" (the same, telling of a file's progress
+    /// meanwhile), "hang", "garble" (detail: "texts" for an array of them),
+    /// "vanish" before it is done,
     /// "vanish-unanswered" once it is done, "vanish-after" the answer, "kill"
     /// (detail: another process's id) in place of an answer.
     void At(uint number, const QString &action, const QString &detail);

@@ -5,7 +5,6 @@ import cmath
 import concurrent.futures
 import math
 import random
-import subprocess
 import time
 
 from services.microphone import Microphone
@@ -13,7 +12,7 @@ from services.sound import MICROPHONE, MICROPHONE_DESCRIPTION
 
 from .driven import RATE, TROUBLES, Recorder
 from .row import Row, Seen
-from .sounding import is_ordinary
+from .sounding import is_ordinary, played
 
 TOLD_WITHIN = 2.0  # seconds
 OWN, OTHER = 441, 2940  # Hz; both fill a block of a hundredth of a second evenly
@@ -123,14 +122,6 @@ class Scene:
             self.other.close()
 
 
-def decoded(path):
-    raw = subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-i", str(path), "-f", "s16le", "-ac", "1", "-"],
-                         capture_output=True, check=True).stdout
-    samples = array.array("h")
-    samples.frombytes(raw[:len(raw) // 2 * 2])
-    return samples
-
-
 def news_until_finished(recorder):
     """What was told, as [(nanoseconds, words)], with the finished file's line last."""
     told = [recorder.news()]
@@ -151,7 +142,7 @@ def judge(scene, expected, told):
             failures.append(f"told after {seconds:.2f} s")
     if told[-1][1].split(" ")[1] != "1" or not is_ordinary(scene.file):
         return [*failures, "the take was not kept"], seconds
-    samples = decoded(scene.file)
+    samples = played(scene.file) or []
     if not 0 <= len(samples) - scene.recorder.samples() <= 2048:
         failures.append(f"{scene.recorder.samples()} samples captured, {len(samples)} kept")
     if (found := loudest(samples, OTHER)) > FAINT:

@@ -93,10 +93,10 @@ private:
     const FileDescriptor m_folder;
 };
 
-Outcome<std::shared_ptr<FileDescriptor>> openSame(const QByteArray &path, const FolderIdentity &identity)
+Outcome<FileDescriptor> openSame(const QByteArray &path, const FolderIdentity &identity)
 {
-    auto folder = std::make_shared<FileDescriptor>(::open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
-    const auto opened = folder->isOpen() ? FolderIdentity::ofFolder(OpenFolder::pathOf(*folder)) : std::nullopt;
+    FileDescriptor folder(::open(path.constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const auto opened = folder.isOpen() ? FolderIdentity::ofFolder(OpenFolder::pathOf(folder)) : std::nullopt;
     if (!opened)
         return { {}, errno };
     if (!opened->isSameFolder(identity))
@@ -140,8 +140,8 @@ std::unique_ptr<HeldFolder> LinuxBookmarkStore::hold(const FolderURL &folder, co
     if (!bookmark)
         return nullptr;
     const QByteArray path = folder.nativePath();
-    const auto outcome = m_lookUps.run(path, [path, identity = bookmark->identity] { return openSame(path, identity); });
-    return outcome.value ? std::make_unique<OpenFolder>(std::move(**outcome.value)) : nullptr;
+    auto outcome = m_lookUps.run(path, [path, identity = bookmark->identity] { return openSame(path, identity); });
+    return outcome.value ? std::make_unique<OpenFolder>(std::move(*outcome.value)) : nullptr;
 }
 
 } // namespace kest

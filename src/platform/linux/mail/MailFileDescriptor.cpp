@@ -9,7 +9,6 @@
 #include <cerrno>
 #include <chrono>
 #include <fcntl.h>
-#include <memory>
 #include <sys/stat.h>
 
 namespace kest {
@@ -42,7 +41,7 @@ using namespace std::chrono_literals;
 
 constexpr auto longestWait = 5s; // a file server that does not answer within that long is not there
 
-using Opened = BoundedLookUps::Outcome<std::shared_ptr<QDBusUnixFileDescriptor>>;
+using Opened = BoundedLookUps::Outcome<QDBusUnixFileDescriptor>;
 
 Opened openRegularFile(const QByteArray &path)
 {
@@ -54,7 +53,7 @@ Opened openRegularFile(const QByteArray &path)
         return {{}, errno};
     if (!S_ISREG(status.st_mode))
         return {{}, S_ISDIR(status.st_mode) ? EISDIR : EINVAL};
-    return {std::make_shared<QDBusUnixFileDescriptor>(file.get()), 0}; // with a duplicate of its own
+    return {QDBusUnixFileDescriptor(file.get()), 0}; // with a duplicate of its own
 }
 
 } // namespace
@@ -65,7 +64,7 @@ std::optional<QDBusUnixFileDescriptor> openedForHandOver(const FileURL &file, Er
     const QByteArray path = file.nativePath();
     const Opened opened = lookUps.run(path, [path] { return openRegularFile(path); });
     if (opened.value)
-        return **opened.value;
+        return opened.value;
     handBack(error, posixError(opened.errorNumber, QCoreApplication::translate("kest", "The file “%1” cannot be attached")
                                                        .arg(QString::fromUtf8(file.nativeLastPathComponent()))));
     return std::nullopt;
