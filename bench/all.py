@@ -3,7 +3,7 @@
 
     bench/all.py [NAME...] [-- ARGUMENTS]
 
-All of them take an hour and a quarter; with names ("start"), only those are renewed, with other arguments than usual if told.
+All of them take an hour and a half; with names ("start"), only those are renewed, with other arguments than usual if told.
 What they need is installed and built first.
 
 Each is a program of its own in this folder and says there what it measures and how. Nothing else should run meanwhile.
@@ -22,6 +22,7 @@ page = top / "docs/benchmarks.md"
 
 PARTS = {
     "start": "From the start to the window",
+    "beginning": "From the press to the first sample",
     "beside": "A recording beside other programs",
     "recording": "The recorder alone",
     "speech": "What speech becomes",

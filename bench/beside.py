@@ -1,20 +1,14 @@
 #!/usr/bin/python3
-"""A whole recording in several programs: processor time, memory, what is missing at its start, what a kill leaves.
+"""A whole recording in several programs: processor time, memory, what a kill leaves.
 
     bench/beside.py [--runs N] [--seconds N] [--build FOLDER]
 
 All record the same virtual microphone of one private PulseAudio, in turn, on one virtual display. Kest and
 gnome-sound-recorder are pressed in their windows; for ffmpeg and GStreamer, the press is their start.
-
-The start: a tone sounds some time after the press. From there to the tone is longer in the file of a reader that records
-all the time than in the program's own; the difference is what the program missed: the time from the press to the first sample
-in its file. The reader hands over every 20 ms, so
-that a figure may be up to that much too large.
 """
 
 import argparse
 import array
-import math
 import os
 import statistics
 import subprocess
@@ -26,11 +20,7 @@ top = Path(__file__).resolve().parent.parent
 sys.path[:0] = [str(top / "tests/support"), str(top / "tests/endtoend"), str(top / "bench")]
 
 RATE = 44100
-TONE_AFTER = 1.0  # s
-
-
-def tone(seconds):
-    return array.array("h", (int(20000 * math.sin(2 * math.pi * 1000 * at / RATE)) for at in range(int(seconds * RATE))))
+SETTLED = 2.0  # s
 
 
 def babble(sandbox, seconds):
@@ -47,50 +37,20 @@ def samples(path):
     return array.array("f", done.stdout[:len(done.stdout) // 4 * 4])
 
 
-def tone_at(heard):
-    """Seconds from its start to the tone."""
-    return next((at for at, value in enumerate(heard) if abs(value) > 0.1), 0) / RATE
-
-
-class Reader:
-    """Records all the time."""
-
-    def __init__(self, sandbox):
-        self.sandbox = sandbox
-        self.path = sandbox.root / "reader.raw"
-        with open(self.path, "wb") as out:
-            self.process = sandbox.start("reader", ["parec", "--raw", "--latency-msec=20", f"--rate={RATE}",
-                                                    "--channels=1"], stdout=out)
-
-    def now(self):
-        """Seconds that it has recorded so far."""
-        return self.path.stat().st_size / 2 / RATE
-
-    def tone_after(self, moment):
-        self.sandbox.stop(self.process)
-        heard = array.array("h", self.path.read_bytes()[int(moment * RATE) * 2:])
-        return next(at for at, value in enumerate(heard) if abs(value) > 3000) / RATE
-
-
 def measure(recorder, seconds):
     """One recording, from the press to the finished file."""
-    microphone = recorder.sound.microphone
+    noise = babble(recorder.sandbox, seconds + SETTLED + 1)
     recorder.open()
     idle = pss_of(recorder)
-    reader = Reader(recorder.sandbox)
-    time.sleep(1)
-    pressed = reader.now()
     recorder.press()
-    time.sleep(TONE_AFTER)
-    microphone.play_samples(tone(0.2).tobytes() + babble(recorder.sandbox, seconds + 2), wait=False)
-    time.sleep(1)
+    recorder.sound.microphone.play_samples(noise, wait=False)
+    time.sleep(SETTLED)
     before, began = cpu_of(recorder), time.monotonic()
     time.sleep(seconds)
     figures = {"cpu": (cpu_of(recorder) - before) / (time.monotonic() - began) * 100, "idle": idle,
                "recording": pss_of(recorder)}
     recorder.stop()
-    figures["missing"] = (reader.tone_after(pressed) - tone_at(samples(recorder.path))) * 1000
-    figures["bytes"] = recorder.path.stat().st_size / (seconds + TONE_AFTER + 1)
+    figures["bytes"] = recorder.path.stat().st_size / (seconds + SETTLED)
     recorder.close()
     return figures
 
@@ -161,13 +121,13 @@ def report(figures, killed, options):
         return f"{value:.1f} {unit}{ratio}" if value else "–"
     print(f"Machine: {os.cpu_count()} cores, {options.runs} runs of {options.seconds} s each, medians; in brackets Kest's "
           "figure divided by this one\n")
-    print("| Program | processor | PSS idle | PSS recording | missing at the start | a second of sound | "
+    print("| Program | processor | PSS idle | PSS recording | a second of sound | "
           "playable of 5 s when killed |")
-    print("|---|---|---|---|---|---|---|")
+    print("|---|---|---|---|---|---|")
     for name, one in middles.items():
         left = statistics.median(killed[name])
         print(f"| {name} | {cell(one['cpu'], ours['cpu'], '%')} | {cell(one['idle'], ours['idle'], 'MiB')} | "
-              f"{cell(one['recording'], ours['recording'], 'MiB')} | {one['missing']:.0f} ms | "
+              f"{cell(one['recording'], ours['recording'], 'MiB')} | "
               f"{one['bytes'] / 1000:.1f} kB | {left:.1f} s |")
 
 

@@ -1,5 +1,4 @@
-"""Recorders under one hand: Kest and what else a person could record with. Used by bench/beside.py and
-bench/recording.py."""
+"""Recorders under one hand: Kest and what else a person could record with. Used by other programs in this folder."""
 
 import os
 import re
