@@ -122,7 +122,9 @@ private Q_SLOTS:
         choose(u"other"_qs);
         QTRY_VERIFY_WITH_TIMEOUT((raises(), m_field.text == u"OM"_qs), patience);
         choose(m_microphone);
-        QTRY_VERIFY_WITH_TIMEOUT(shows(u"Built-in Microphone"_qs, u"BM"_qs), patience);
+        // PipeWire's session manager may name the one before once more.
+        QTRY_VERIFY_WITH_TIMEOUT((raises(), m_field.toolTip == u"Built-in Microphone"_qs), patience);
+        QCOMPARE(m_field.text, u"BM"_qs);
         removeSource(u"plain"_qs);
         removeSource(u"other"_qs);
     }

@@ -1,9 +1,10 @@
 """A private sound server, PulseAudio or PipeWire, with a virtual microphone as its default source.
 
-The microphone is a FIFO (`module-pipe-source`): what is written into it is what the microphone hears. A reader stays
-attached to every source, or stale audio would pile up in the FIFO and reach the next recording late.
+The microphone is a FIFO (`module-pipe-source`, or PipeWire's pipe tunnel): what is written into it is what the microphone
+hears. A reader stays attached to every source, or stale audio would pile up in the FIFO and reach the next recording late.
 """
 
+import json
 import re
 import shutil
 import signal
@@ -20,7 +21,7 @@ MICROPHONE_DESCRIPTION = "Built-in Microphone"
 
 
 class Source:
-    """One virtual microphone: its FIFO, its module and the reader that keeps it running."""
+    """One virtual microphone: its FIFO, what makes it of it (a module or a process) and the reader that keeps it running."""
 
     def __init__(self, name, description, channels, rate, fifo):
         self.name = name
@@ -29,6 +30,7 @@ class Source:
         self.rate = rate
         self.fifo = fifo
         self.module = None
+        self.process = None
         self.reader = None
 
 
@@ -89,13 +91,11 @@ class SoundServer:
     def kill(self):
         """The server dies at once, as in a crash."""
         for process in self.processes:
-            if process.poll() is None:
-                process.kill()
-                process.wait()
-            if process in self.sandbox.processes:
-                self.sandbox.processes.remove(process)
+            self._end(process)
         self.processes = []
         for source in self.sources.values():
+            if source.process:
+                self._end(source.process)
             if source.reader:
                 self.sandbox.stop(source.reader)
         self.sources = {}
@@ -117,10 +117,13 @@ class SoundServer:
         fifo = self.folder / f"{name}.fifo"
         fifo.unlink(missing_ok=True)
         source = Source(name, description, channels, rate, fifo)
-        source.module = self._pactl(
-            "load-module", "module-pipe-source", f"source_name={name}", f"file={fifo}", f"format={sample_format}",
-            f"rate={rate}", f"channels={channels}",
-            f"source_properties=\"device.description='{description}'\"").strip()
+        if self.kind == "pipewire":
+            source.process = self._pipewire_microphone(source, sample_format)
+        else:
+            source.module = self._pactl(
+                "load-module", "module-pipe-source", f"source_name={name}", f"file={fifo}", f"format={sample_format}",
+                f"rate={rate}", f"channels={channels}",
+                f"source_properties=\"device.description='{description}'\"").strip()
         wait_until(lambda: name in self.source_names() and fifo.exists(), f"the source {name}")
         source.reader = self.sandbox.start(
             "reader", ["parec", "--raw", f"--device={name}", "--latency-msec=20", f"--rate={rate}",
@@ -144,7 +147,12 @@ class SoundServer:
     def remove_source(self, name):
         """The microphone is unplugged."""
         source = self.sources.pop(name)
-        self._pactl("unload-module", source.module)
+        if source.process:
+            self._end(source.process)
+            source.fifo.unlink(missing_ok=True)
+            wait_until(lambda: name not in self.source_names(), f"the source {name} to go")
+        else:
+            self._pactl("unload-module", source.module)
         self.sandbox.stop(source.reader)
 
     def add_output(self, name):
@@ -238,6 +246,34 @@ class SoundServer:
         wait_until(core.exists, "PipeWire's socket")
         self.processes += [self.sandbox.start("wireplumber", ["wireplumber"]),
                            self.sandbox.start("pipewire-pulse", ["pipewire-pulse"])]
+
+    def _pipewire_microphone(self, source, sample_format):
+        """A process that is the microphone, and is killed to unplug it.
+
+        Not a module of pipewire-pulse: one that is unloaded while its thread for the samples is at work takes the server
+        with it, now and then (seen with PipeWire 0.3.65).
+        """
+        position = ["MONO"] if source.channels == 1 else ["FL", "FR"]
+        tunnel = {"tunnel.mode": "source", "pipe.filename": str(source.fifo), "audio.format": sample_format.upper(),
+                  "audio.rate": source.rate, "audio.channels": source.channels, "audio.position": position,
+                  "stream.props": {"node.name": source.name, "node.description": source.description,
+                                   "media.class": "Audio/Source", "device.icon-name": "audio-input-microphone"}}
+        modules = [{"name": "libpipewire-module-rt", "args": {"nice.level": -11}, "flags": ["ifexists", "nofail"]},
+                   *({"name": f"libpipewire-module-{name}"} for name in ("protocol-native", "client-node", "adapter")),
+                   {"name": "libpipewire-module-pipe-tunnel", "args": tunnel}]
+        libraries = {"audio.convert.*": "audioconvert/libspa-audioconvert", "support.*": "support/libspa-support"}
+        configuration = source.fifo.with_suffix(".conf")
+        # On lines of their own: PipeWire's reader ends a value by overwriting what follows it.
+        configuration.write_text(json.dumps({"context.spa-libs": libraries, "context.modules": modules}, indent=1))
+        return self.sandbox.start(f"microphone-{source.name}", ["pipewire", "-c", configuration])
+
+    def _end(self, process):
+        """At once, as in a crash."""
+        if process.poll() is None:
+            process.kill()
+            process.wait()
+        if process in self.sandbox.processes:
+            self.sandbox.processes.remove(process)
 
     def _answers(self):
         dead = [process for process in self.processes if process.poll() is not None]
