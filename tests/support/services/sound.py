@@ -18,6 +18,7 @@ from .soundcontrol import SoundControl
 
 MICROPHONE = "kest_microphone"
 MICROPHONE_DESCRIPTION = "Built-in Microphone"
+PIPEWIRE_FORMATS = {"s16le": "S16LE", "float32le": "F32LE"}
 
 
 class Source:
@@ -113,7 +114,7 @@ class SoundServer:
     # Sources
 
     def add_source(self, name, description, channels=1, rate=44100, sample_format="s16le"):
-        """A new microphone that hears what is written into its FIFO (signed 16 bit, interleaved, unless told otherwise)."""
+        """A new microphone that hears what is written into its FIFO (signed 16 bit or 32-bit float, interleaved)."""
         fifo = self.folder / f"{name}.fifo"
         fifo.unlink(missing_ok=True)
         source = Source(name, description, channels, rate, fifo)
@@ -254,7 +255,7 @@ class SoundServer:
         with it, now and then (seen with PipeWire 0.3.65).
         """
         position = ["MONO"] if source.channels == 1 else ["FL", "FR"]
-        tunnel = {"tunnel.mode": "source", "pipe.filename": str(source.fifo), "audio.format": sample_format.upper(),
+        tunnel = {"tunnel.mode": "source", "pipe.filename": str(source.fifo), "audio.format": PIPEWIRE_FORMATS[sample_format],
                   "audio.rate": source.rate, "audio.channels": source.channels, "audio.position": position,
                   "stream.props": {"node.name": source.name, "node.description": source.description,
                                    "media.class": "Audio/Source", "device.icon-name": "audio-input-microphone"}}
