@@ -6,7 +6,7 @@ import time
 
 from .driven import RATE, RENAME, Recorder
 from .row import Row, Seen
-from .sounding import NEAR, clicks, is_ordinary, misplaced, played, samples_of, seconds_lost
+from .sounding import NEAR, clicks, is_ordinary, misplaced, played, reference, samples_of, seconds_lost
 
 MOST_LOST = 0.25  # seconds
 LONGEST = 2.0  # seconds of a take
@@ -173,7 +173,7 @@ def run(context, runs):
     for kind, share in zip(KINDS, ((runs + 1) // 2, runs // 2)):
         context.start_sound(kind).microphone.hum(clicks())
         heard = context.folder("reference") / "heard.raw"
-        other = context.sandbox.start("reference", ["parec", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1", heard])
+        other = context.sandbox.start("reference", reference(heard))
         part, figures = context.gather(one, share)
         context.sandbox.stop(other)
         context.stop_sound()

@@ -20,6 +20,11 @@ def clicks():
     return array.array("h", (pulse + [0] * (PERIOD - len(pulse))) * BLOCK).tobytes()
 
 
+def reference(raw):
+    """Another program that writes what it hears into a file, as soon as it hears it: left to itself it would keep the last second."""
+    return ["parec", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1", "--latency-msec=20", raw]
+
+
 def distances(samples):
     """From each click to the next, in samples."""
     found, at = [], 0

@@ -12,7 +12,7 @@ from services.base import wait_until
 
 from .driven import PATIENCE, RATE
 from .row import NotHere, Row, Seen
-from .sounding import NEAR, PERIOD, clicks, distances, is_ordinary, played, samples_of
+from .sounding import NEAR, PERIOD, clicks, distances, is_ordinary, played, reference, samples_of
 
 BLOCKED = 5.0  # seconds
 FROZEN = 10.0  # seconds
@@ -68,7 +68,7 @@ class Hanging:
     def take(self, number, chance):
         """(what Kest kept, what the other one heard, samples spoken at least)."""
         raw = self.context.folder("reference") / "heard.raw"
-        other = self.context.sandbox.start("reference", ["parec", "--raw", "--format=s16le", f"--rate={RATE}", "--channels=1", raw])
+        other = self.context.sandbox.start("reference", reference(raw))
         wait_until(lambda: raw.exists() and raw.stat().st_size > RATE, "the reference to hear something", PATIENCE)
         self.kest.click("Record")
         wait_until(lambda: len(self.kest.recordings()) > number, "the recording", PATIENCE)
